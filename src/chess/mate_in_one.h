@@ -1,0 +1,15 @@
+#pragma once
+// Whether White, to move, mates at once. The leaf of the search and its hottest function.
+
+#include "chess/chessboard.h"
+
+namespace tarnwick {
+
+/// m_whiteChecker must be valid; board.m_pThread must be set (the trial board is its next slot).
+/// Never makes a full move list: it looks only at moves that give check and cover the king's flights.
+bool IsMateInOne(TChessboard& board) noexcept;
+
+/// All mating moves in field order, room for MaxMovesOfSide; returns the count.
+int GenerateMatingMoves(TChessboard& board, TMove* pList) noexcept;
+
+}  // namespace tarnwick

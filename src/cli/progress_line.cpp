@@ -1,0 +1,77 @@
+#include "cli/progress_line.h"
+
+#include <chrono>
+
+#include "platform/clock.h"
+#include "platform/stop_signals.h"
+
+#include "chess/move_text.h"
+#include "cli/text_style.h"
+
+namespace tarnwick {
+namespace {
+
+constexpr std::chrono::milliseconds LookEvery{
+    20};  ///< A user does not notice this delay of Ctrl-C.
+constexpr std::int64_t DrawEveryMs = 250;
+
+}  // namespace
+
+std::string ProgressText(const TSolveProgress& progress) {
+    std::string text = progress.label;
+    if (!progress.move.empty()) {
+        text += "  move " + std::to_string(progress.index + 1) + " of " +
+                std::to_string(progress.count) + ": " + progress.move;
+    }
+    text += "  " + GroupedNumber(progress.nodes) + " nodes";
+    const std::string speed = SpeedText(progress.nodes, progress.elapsedMs);
+    return text + (speed.empty() ? "" : "  " + speed) + "  " + DurationText(progress.elapsedMs);
+}
+
+CSolveWatcher::CSolveWatcher(TSolveTask& task, const TChessboard& board, CConsoleDialog& dialog,
+                             std::string label)
+    : m_task(task), m_board(board), m_dialog(dialog), m_startMs(NowMs()) {
+    m_progress.label = std::move(label);
+    m_task.m_callbacks.onFirstMove = [this](TMove move, int index, int count, int /*pass*/) {
+        const std::lock_guard guard(m_lock);
+        m_progress.move = MoveToDisplayText(move, m_board);
+        m_progress.index = index;
+        m_progress.count = count;
+    };
+    m_thread = std::jthread([this](const std::stop_token& stop) { Watch(stop); });
+}
+
+CSolveWatcher::~CSolveWatcher() {
+    m_thread.request_stop();
+    m_thread.join();
+    m_task.m_callbacks.onFirstMove = nullptr;
+    m_dialog.Progress("");
+}
+
+void CSolveWatcher::Watch(const std::stop_token& stop) {
+    std::int64_t drawAtMs = m_startMs + DrawEveryMs;
+    while (!stop.stop_requested()) {
+        if (StopRequested()) {
+            m_task.Stop();
+        }
+        if (m_dialog.ShowsProgress() && NowMs() >= drawAtMs) {
+            drawAtMs = NowMs() + DrawEveryMs;
+            ShowProgress();
+        }
+        std::unique_lock guard(m_lock);
+        m_wake.wait_for(guard, stop, LookEvery, [] { return false; });
+    }
+}
+
+void CSolveWatcher::ShowProgress() {
+    TSolveProgress progress;
+    {
+        const std::lock_guard guard(m_lock);
+        progress = m_progress;
+    }
+    progress.nodes = m_task.m_nodes.load(std::memory_order_relaxed);
+    progress.elapsedMs = static_cast<std::uint64_t>(NowMs() - m_startMs);
+    m_dialog.Progress(ProgressText(progress));
+}
+
+}  // namespace tarnwick

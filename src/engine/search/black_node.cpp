@@ -1,0 +1,207 @@
+// Black to move: one defence after which White has no mate is enough to refute.
+
+#include "chess/board_stack.h"
+#include "chess/escape_check.h"
+#include "chess/evasions.h"
+#include "chess/generate_moves.h"
+#include "chess/lines.h"
+#include "chess/make_move.h"
+#include "chess/mate_in_one.h"
+#include "engine/ordering/black_order.h"
+#include "engine/search/engine_state.h"
+#include "engine/search/find_mate.h"
+#include "engine/search/node_hooks.h"
+
+namespace tarnwick {
+namespace {
+
+struct TBlackNode {
+    TChessboard& board;
+    TThreadContext& thread;
+    int plies;
+    bool bLegalMove = false;          ///< Some legal move exists.
+    TNodeResult answer = ResultMate;  ///< The node's answer once a defence held.
+    std::array<TMove, TOrderHints::HintsPerNode> tried{};
+};
+
+/// Heuristics that change the child before it is searched: a followed figure that is gone, and the
+/// bishop that plays no part.
+void PrepareChild(TChessboard& child) {
+    if (child.m_heuristicFlags.HasAny(HeuristicTrackedFigure) &&
+        child.m_trackedFields[0] == NoField) {
+        child.m_heuristicFlags.SetRaw(child.m_heuristicFlags.Raw() & ~HeuristicTrackedFigure);
+    }
+    if (child.m_pass == 1 && child.m_heuristicFlags.HasAny(HeuristicOneColourPlay) &&
+        (child.m_captureState & OneColourMask) == 0) {
+        SeparateOppositeBishops(child);
+    }
+}
+
+/// White's answer to the position after a defence.
+TNodeResult AnswerDefence(TChessboard& child) {
+    if (child.m_heuristicFlags.Raw() != 0) {
+        PrepareChild(child);
+    }
+    const int played = child.m_shRootPlies - child.m_shPlies;
+    if (child.m_shPlies >= 16 && played < 8 && MatesWithTrackedFields(child)) {
+        return ResultMate;
+    }
+    if (child.m_shPlies >= 3 && !HasGlobalData(child) && LookForQuickerMate(child)) {
+        return ResultMate;
+    }
+    return FindMateWhiteToMove(child, true);
+}
+
+/// A repetition that belongs to an earlier ply is carried there; one of this very position means that
+/// Black can go round in circles, which refutes.
+TNodeResult RepetitionAnswer(TBlackNode& node) {
+    auto& limits = node.thread.m_repetitionLimit;
+    const auto ply = static_cast<std::size_t>(node.plies);
+    if (limits[ply - 1] > node.plies) {
+        limits[ply] = std::max(limits[ply], limits[ply - 1]);
+        return ResultRepetition;
+    }
+    return node.board.m_pass == 1 ? ResultDoubtful : ResultNoMate;
+}
+
+/// True when the node is decided: the defence held, or the search has to leave.
+bool DefenceHolds(TBlackNode& node, TMove move, bool bKnownLegal) {
+    if (MustLeave(node.thread)) {
+        node.answer = ResultNoMate;
+        return true;
+    }
+    TChessboard* child = CopyToNextSlot(node.board);
+    const int made = MakeBlackMove(*child, move, bKnownLegal);
+    if (made == MoveRefused) {
+        return false;
+    }
+    node.bLegalMove = true;
+    if (made == MoveMadeHopeless) {
+        node.answer = ResultNoMate;
+        return true;
+    }
+    const TNodeResult result = AnswerDefence(*child);
+    if (result == ResultMate) {
+        return false;
+    }
+    node.answer = IsRepetitionOrLower(result) ? RepetitionAnswer(node) : result;
+    if (!IsStopRequested(node.thread)) {
+        node.thread.m_hints.Note(node.board, move);
+    }
+    return true;
+}
+
+bool WasTried(const TBlackNode& node, TMove move) {
+    return move.SameAs(node.tried[0]) || move.SameAs(node.tried[1]);
+}
+
+bool HintHolds(TBlackNode& node) {
+    const auto hints = node.thread.m_hints.For(node.board);
+    for (std::size_t i = 0; i < hints.size(); ++i) {
+        if (!IsPossibleBlackHint(node.board, hints[i]) || WasTried(node, hints[i])) {
+            continue;
+        }
+        node.tried[i] = hints[i];
+        if (DefenceHolds(node, hints[i], false)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// White's mate took the promoted figure: it would take any other just so. Skips the promotions of the
+/// same pawn to the same field that follow.
+int SkipOtherPromotions(const TBlackNode& node, const TMove* pMoves, int i, int count) {
+    if (pMoves[i].PromotionType() == 0 || !node.thread.m_bMateCapturedPromotion) {
+        return i;
+    }
+    while (i + 1 < count && pMoves[i + 1].from == pMoves[i].from &&
+           pMoves[i + 1].to == pMoves[i].to) {
+        ++i;
+    }
+    return i;
+}
+
+bool AnyHolds(TBlackNode& node, const TMove* pMoves, int count, bool bKnownLegal) {
+    TPlyState& state = node.thread.m_plies[static_cast<std::size_t>(node.plies)];
+    state.pMoves = pMoves;
+    state.moveCount = static_cast<std::uint16_t>(count);
+    for (int i = 0; i < count; ++i) {
+        if (WasTried(node, pMoves[i])) {
+            continue;
+        }
+        state.moveIndex = static_cast<std::uint16_t>(i);
+        node.thread.m_bMateCapturedPromotion = false;
+        if (DefenceHolds(node, pMoves[i], bKnownLegal)) {
+            return true;
+        }
+        i = SkipOtherPromotions(node, pMoves, i, count);
+    }
+    return false;
+}
+
+bool AnyHoldsByFigures(TBlackNode& node) {
+    for (TFieldSet men = node.board.m_blackMen; men != 0;) {
+        TMove moves[MaxMovesOfMan];
+        const int count = GenerateBlackMoves(node.board, PopLowest(men), moves);
+        if (AnyHolds(node, moves, count, false)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// True when the node is decided.
+bool AnyMoveHolds(TBlackNode& node) {
+    if (HintHolds(node)) {
+        return true;
+    }
+    const bool bInCheck = node.board.m_blackChecker != NoChecker;
+    if (node.plies < 4 && !bInCheck) {
+        return AnyHoldsByFigures(node);
+    }
+    TMove moves[MaxMovesOfSide];
+    int count = bInCheck ? GenerateBlackEvasions(node.board, moves)
+                         : GenerateAllBlackMoves(node.board, moves);
+    if (node.plies < 4) {
+        return AnyHolds(node, moves, count, false);
+    }
+    TBlackOrder order = SortBlackMoves(node.board, count, moves);
+    if (order.bRefuted) {
+        node.answer = ResultNoMate;
+        return true;
+    }
+    const int mode = node.board.m_captureState & OneColourMask;
+    if ((mode == WhiteFieldsOnly || mode == BlackFieldsOnly) && !bInCheck) {
+        // A tempo move of the bishop that was taken off.
+        moves[order.count++] = MakePass(static_cast<TField>(BlackKingField(node.board)));
+    }
+    node.bLegalMove = node.bLegalMove || order.count > 0;
+    return AnyHolds(node, moves, order.count, true);
+}
+
+}  // namespace
+
+TNodeResult FindMateBlackToMove(TChessboard& board) noexcept {
+    TThreadContext& thread = Thread(board);
+    if (MustLeave(thread)) {
+        return ResultNoMate;
+    }
+    if (board.m_shPlies == 0) {
+        return board.m_blackChecker != NoChecker && !CanBlackEscapeCheck(board) ? ResultMate
+                                                                                : ResultNoMate;
+    }
+    if (board.m_shPlies + 1 == board.m_shRootPlies) {
+        TestQueenAgainstRook(board);
+    }
+    TBlackNode node{.board = board, .thread = thread, .plies = board.m_shPlies};
+    if (AnyMoveHolds(node)) {
+        return node.answer;
+    }
+    if (node.bLegalMove || board.m_blackChecker != NoChecker) {
+        return ResultMate;
+    }
+    return ResultNoMate;  // Stalemate.
+}
+
+}  // namespace tarnwick

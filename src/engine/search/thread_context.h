@@ -1,0 +1,63 @@
+#pragma once
+// TThreadContext: all that one search thread owns. One per thread, made before the search and never
+// resized in it.
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+
+#include "chess/board_stack.h"
+#include "engine/jobs/solve_task.h"
+#include "engine/ordering/order_hints.h"
+#include "engine/search/position_memory.h"
+
+namespace tarnwick {
+
+/// What the progress display and the scheduler need to know of a ply of the line in hand.
+struct TPlyState {
+    std::uint16_t moveIndex = 0;     ///< In the ordered list.
+    std::uint16_t displayIndex = 0;  ///< As shown to the user.
+    std::uint16_t moveCount = 0;
+    const TMove* pMoves = nullptr;  ///< On the stack of the node; valid while it runs.
+};
+
+struct TThreadContext : TBoardStack {
+    explicit TThreadContext(TSolveTask& task)
+        : m_task(task), m_memory(MemoryForPlies(task.m_shPlies, task.m_options.memoryMiB)) {}
+
+    TSolveTask& m_task;
+    std::uint16_t m_shThreadNumber = 0;
+    std::atomic<std::uint8_t> m_pauseFlag{0};  ///< 0 run, 1 paused, 2 or more stop.
+    TMove m_currentFirstMove{};
+    std::array<TPlyState, MaxPlies> m_plies{};
+
+    // Moves handed to this thread in place of a node's own list; the node takes them and clears them.
+    int m_presetMoveCount = 0;
+    const TMove* m_pPresetMoveList = nullptr;
+
+    // LookForQuickerMate. Additional moves: how much longer than asked a mate may take that a register
+    // or table knows of, because so many plies are truly left.
+    int m_quickerMateNesting = 0;
+    int m_additionalMoves = 0;
+    int m_additionalMovesSoFar = 0;
+    int m_quickerMateStartPlies = 0;
+    bool m_bUsedAdditionalMoves = false;
+    bool m_bQuickerMateOff = false;
+    /// White's last mate answered a promotion by capturing the promoted figure.
+    bool m_bMateCapturedPromotion = false;
+
+    TOrderHints m_hints;
+    TPositionMemory m_memory;
+
+    // Counted here and added to the job in batches, so that leaves touch no shared memory.
+    std::uint64_t m_nodes = 0;
+    std::uint64_t m_workNodes = 0;
+    std::uint64_t m_nodesTold = 0;  ///< Part of the counters the job already has.
+    std::uint64_t m_workNodesTold = 0;
+};
+
+inline TThreadContext& Thread(const TChessboard& board) {
+    return static_cast<TThreadContext&>(*board.m_pThread);
+}
+
+}  // namespace tarnwick

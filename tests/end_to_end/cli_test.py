@@ -1,0 +1,482 @@
+#!/usr/bin/env python3
+"""Runs the program as a user or a script does: words in, two streams and a status out.
+
+Usage: TARNWICK_CLI=/path/to/tarnwick-cli cli_test.py [unittest arguments]
+"""
+
+import json
+import os
+import pathlib
+import pty
+import re
+import select
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+
+CLI = os.environ.get("TARNWICK_CLI", "tarnwick-cli")
+DATA = pathlib.Path(os.environ.get("TARNWICK_SHARED_DATA_DIR", os.environ.get("TARNWICK_DATA", "")))
+
+MATE_2 = "7k/8/5K2/8/8/8/8/6R1"  # only key Kf7
+MATE_2_SWAPPED = "6r1/8/8/8/8/5k2/8/7K"
+START = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR"  # with a long stipulation: never ends
+FOUR_KEYS = "7k/8/5KQ1/8/8/8/8/RR6"  # mates in one
+FIELDS = ["id", "fen", "mate", "status", "keys", "all", "exact", "nodes", "ms", "message"]
+
+
+def problem(number, stipulation, position=f"FEN: {MATE_2}", answer=""):
+    """A problem of a .cp file."""
+    return f"{number} {stipulation}\n{{\n\t{position}\n{answer}}}\n"
+
+
+class CliCase(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def write(self, name, text):
+        path = self.folder / name
+        path.write_bytes(text if isinstance(text, bytes) else text.encode())
+        return str(path)
+
+    def run_cli(self, *words, stdin=""):
+        """(status, standard output, standard error); the streams must be text."""
+        done = subprocess.run([CLI, *map(str, words)], input=stdin, capture_output=True, text=True,
+                              encoding="utf-8", timeout=300, check=False)
+        return done.returncode, done.stdout, done.stderr
+
+    def expect(self, status, *words, stdin=""):
+        """Runs, checks the status, returns (standard output, standard error)."""
+        found, out, err = self.run_cli(*words, stdin=stdin)
+        self.assertEqual(found, status, f"{words}\n{out}\n{err}")
+        return out, err
+
+    def solve_json(self, status, *words, stdin=""):
+        """The objects of solve --json."""
+        out, _ = self.expect(status, "solve", "--json", *words, stdin=stdin)
+        return [json.loads(line) for line in out.splitlines()]
+
+    def start(self, *words, **options):
+        process = subprocess.Popen([CLI, *map(str, words)], stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE, text=True, **options)
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(process.stderr.close)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+
+class Usage(CliCase):
+    def test_no_words_print_the_help_as_wrong_usage(self):
+        out, _ = self.expect(2)
+        self.assertIn("solve", out)
+
+    def test_help_of_all_commands_has_their_options(self):
+        for command, word in [("solve", "--mate"), ("show", "--unicode"), ("lint", "--json"),
+                              ("format", "--in-place"), ("perft", "--divide"), ("bench", "--json")]:
+            out, err = self.expect(0, command, "--help")
+            self.assertIn(word, out)
+            self.assertEqual(err, "")
+            self.assertEqual(self.expect(0, "help", command)[0], out)
+        self.assertIn("Exit status", self.expect(0, "--help")[0])
+
+    def test_version(self):
+        self.assertRegex(self.expect(0, "--version")[0], r"^Tarnwick \d+\.\d+\.\d+ .*\n$")
+
+    def test_wrong_words(self):
+        for words in (["frobnicate"], ["solve"], ["solve", "--fen", MATE_2], ["solve", "--mate", "2"],
+                      ["solve", "--fen", MATE_2, "--mate", "0"], ["solve", "a.cp", "b.cp"],
+                      ["solve", "a.cp", "--fen", MATE_2, "--mate", "2"], ["solve", ""],
+                      ["solve", "a.cp", "--id", "9-4"], ["solve", "a.cp", "--time", "0"],
+                      ["solve", "a.cp", "--time", "nan"], ["solve", "a.cp", "--time", "1s"],
+                      ["solve", "a.cp", "--nodes", "-1"], ["solve", "a.cp", "--memory", "x"],
+                      ["perft"], ["perft", "-1"], ["lint"], ["format"], ["bench", "x"],
+                      ["format", "a.cp", "--in-place", "-o", "b.cp"]):
+            out, err = self.expect(2, *words)
+            self.assertEqual(out, "", words)
+            self.assertIn("help", err, words)
+
+    def test_fen_that_lost_its_quotes_gets_a_hint(self):
+        _, err = self.expect(2, "solve", "--fen", MATE_2, "w", "-", "-", "--mate", "2")
+        self.assertIn("quotes", err)
+
+    def test_output_that_cannot_be_written_is_an_error(self):
+        with open("/dev/full", "w", encoding="utf-8") as full:
+            done = subprocess.run([CLI, "show", "--fen", MATE_2], stdout=full, text=True,
+                                  stderr=subprocess.PIPE, check=False)
+        self.assertEqual(done.returncode, 5)
+        self.assertIn("disk", done.stderr)
+
+    def test_reader_that_leaves_ends_the_program_quietly(self):
+        path = self.write("a.cp", "".join(problem(i, "#2") for i in range(1, 20001)))
+        process = self.start("show", path)
+        process.stdout.readline()
+        process.stdout.close()
+        self.assertEqual(process.wait(60), -signal.SIGPIPE)
+        self.assertEqual(process.stderr.read(), "")
+
+
+class SolveJson(CliCase):
+    def test_object_of_a_mate(self):
+        out, err = self.expect(0, "solve", "--json", "--all", "--fen", MATE_2, "--mate", "2")
+        self.assertEqual(err, "")
+        found = json.loads(out)
+        self.assertEqual(list(found), FIELDS)
+        self.assertIs(type(found["nodes"]), int)
+        self.assertIs(type(found["ms"]), int)
+        found["nodes"] = found["ms"] = 0
+        self.assertEqual(found, dict(zip(FIELDS, [1, MATE_2, 2, "mate", ["Kf6-f7"], True, True, 0,
+                                                  0, ""])))
+
+    def test_no_mate_is_a_proof(self):
+        [found] = self.solve_json(1, "--fen", MATE_2, "--mate", "1")
+        self.assertEqual([found[f] for f in ("status", "keys", "all", "exact")],
+                         ["no-mate", [], False, True])
+
+    def test_refused_problems(self):
+        text = (problem(1, "#2", "White: Ke1, Ke2\n\tBlack: Ke8") + problem(2, "#301") +
+                problem(3, "s#2") + problem(4, "") + problem(5, "#2", f"FEN: 6kR/8/6K1/8/8/8/8/8"))
+        found = self.solve_json(3, self.write("a.cp", text))
+        self.assertEqual([f["id"] for f in found], [1, 2, 3, 4, 5])
+        for one in found:
+            self.assertEqual((one["status"], one["keys"], one["exact"]), ("refused", [], False))
+            self.assertNotEqual(one["message"], "")
+
+    def test_options_of_the_problem_and_all(self):
+        options = ["", "AllSolutions", "StopOnDual", "StopOn3Sol"]
+        text = "".join(problem(number, f"#1 {option}", f"FEN: {FOUR_KEYS}")
+                       for number, option in enumerate(options))
+        path = self.write("a.cp", text)
+        for found in self.solve_json(0, "--all", path):
+            self.assertEqual(sorted(found["keys"]), ["Qg6-g7", "Ra1-a8", "Rb1-b8", "Rb1-h1"])
+            self.assertEqual(found["message"], "")
+        own = self.solve_json(0, path)
+        self.assertEqual([found["all"] for found in own], [False, True, True, True])
+        self.assertEqual([len(found["keys"]) for found in own], [1, 4, 2, 3])
+        self.assertEqual([found["message"] != "" for found in own], [False, False, True, True])
+
+    def test_difference_from_the_file_is_in_the_message(self):
+        text = (problem(1, "#2 AllSolutions", answer="\tAnswer: Rg1-a1, Kf6-f7\n") +
+                problem(2, "#2", answer="\tAnswer: Kf6-f7\n"))
+        found = self.solve_json(0, self.write("a.cp", text))
+        self.assertIn("Rg1-a1", found[0]["message"])
+        self.assertEqual(found[1]["message"], "")
+
+    def test_black_to_move_is_solved_with_colours_exchanged(self):
+        lines = (f"{MATE_2_SWAPPED} b - - bm #2;\n{MATE_2} w - - bm #-2;\n{MATE_2} w - - bm #2;\n")
+        out, err = self.expect(0, "solve", "--json", self.write("a.epd", lines))
+        found = [json.loads(line) for line in out.splitlines()]
+        self.assertEqual([(f["id"], f["fen"], f["keys"]) for f in found],
+                         [(1, MATE_2, ["Kf6-f7"]), (3, MATE_2, ["Kf6-f7"])])
+        self.assertIn("colours exchanged", found[0]["message"])
+        self.assertRegex(err, r"a\.epd:2: .*#-2")
+
+    def test_same_search_every_time(self):
+        words = ["--all", "--fen", "r1bqk2r/pppp1ppp/2n2n2/2b1p3/2B1P3/2N2N2/PPPP1PPP/R1BQK2R",
+                 "--mate", "3"]
+        first, second = (self.solve_json(1, *words)[0]["nodes"] for _ in range(2))
+        self.assertGreater(first, 0)
+        self.assertEqual(first, second)
+
+
+class SolveText(CliCase):
+    def test_report_of_a_file(self):
+        text = (problem(1, "#2", f"Desc: Rook and king\n\tFEN: {MATE_2}", "\tAnswer: Kf6-f7\n") +
+                problem(2, "#2 AllSolutions", answer="\tAnswer: Rg1-a1\n") + problem(3, "#1"))
+        out, err = self.expect(1, "solve", self.write("a.cp", text))
+        self.assertEqual(err, "")
+        self.assertIn("Problem 1: mate in 2\nRook and king\n", out)
+        self.assertIn(" 8 |    .     .     .     k |\n", out)
+        self.assertIn("Key: Kf6-f7\nAgrees with the answer of the file\n", out)
+        self.assertIn("Only key: Kf6-f7\nDiffers from the answer of the file: "
+                      "not found: Rg1-a1; not given: Kf6-f7\n", out)
+        self.assertIn("No mate in 1\n", out)
+        self.assertRegex(out, r"\n3 problems in \S+ s: 2 solved, 1 without mate, 0 stopped, 0 refused\n"
+                              r"Answers of the file: 1 agree, 1 differ \(problem 2\)\n$")
+        self.assertNotIn("\x1b", out)
+
+    def test_brief_is_a_line_for_each_and_the_summary(self):
+        path = self.write("a.epd", f"{MATE_2} w - - bm #2;\n{MATE_2} w - - bm #3;\n")
+        out, _ = self.expect(0, "solve", "--brief", path)
+        self.assertEqual(len(out.splitlines()), 3)
+        self.assertIn("Kf6-f7", out)
+
+    def test_rights_of_a_fen_that_are_not_followed_are_told(self):
+        words = ["--fen", "4k3/8/8/8/8/8/8/R3K2R w - -", "--mate", "1"]
+        self.assertIn("castling", self.expect(1, "solve", *words)[1])
+
+
+class Inputs(CliCase):
+    def test_standard_input_in_both_forms(self):
+        for text in (problem(1, "#2"), f"{MATE_2} w - - bm #2;\n"):
+            [found] = self.solve_json(0, "-", stdin=text)
+            self.assertEqual(found["keys"], ["Kf6-f7"])
+
+    def test_what_cannot_be_read(self):
+        for path, words in [(self.folder / "none.cp", "No such file"), (self.folder, "folder"),
+                            (self.write("empty.cp", ""), "nothing in it"),
+                            (self.write("a.cp", "rubbish"), "a.cp:1: "),
+                            (self.write("b.epd", "rubbish"), "b.epd:1: "),
+                            (self.write("c.cp", b"\0\xff" * 5000), "c.cp:1: "),
+                            (self.write("d.cp", "UTF-8\n"), "no problem")]:
+            out, err = self.expect(3, "solve", path)
+            self.assertEqual(out, "")
+            self.assertIn(words, err)
+
+    def test_fen_that_is_none(self):
+        for fen in ("rubbish", "8/8/8/8/8/8/8/8", "k7/8/8/8/8/8/8/K6P", "k" * 100000):
+            out, err = self.expect(3, "solve", "--fen", fen, "--mate", "2")
+            self.assertEqual(out, "")
+            self.assertNotEqual(err, "")
+
+    def test_problems_before_a_fault_are_solved(self):
+        path = self.write("a.cp", problem(1, "#2") + problem(2, "#1") + "3 #2 Nonsense {}\n")
+        found = self.solve_json(3, path)
+        self.assertEqual([f["status"] for f in found], ["mate", "no-mate"])
+        self.assertIn(f"{path}:9: ", self.expect(3, "lint", path)[0])
+
+    def test_selection_by_number(self):
+        path = self.write("a.cp", "".join(problem(i, "#2") for i in (2, 3, 5, 8)))
+        self.assertEqual([f["id"] for f in self.solve_json(0, path, "--id", "1-3,8")], [2, 3, 8])
+        _, err = self.expect(0, "solve", "--brief", path, "--id", "2,6-7")
+        self.assertIn("no problem 6-7; the numbers go from 2 to 8", err)
+        self.expect(2, "solve", path, "--id", "9-12")
+
+    def test_results_come_while_later_problems_run(self):
+        path = self.write("a.cp", problem(1, "#2") + problem(2, "#20", f"FEN: {START}"))
+        process = self.start("solve", "--json", path)
+        self.assertTrue(select.select([process.stdout], [], [], 30)[0])
+        self.assertEqual(json.loads(process.stdout.readline())["id"], 1)
+        self.assertIsNone(process.poll())
+
+
+class Stopping(CliCase):
+    def stopped(self, *words):
+        """The last object of a search that does not end by itself, and the seconds it took."""
+        begin = time.monotonic()
+        found = self.solve_json(4, "--fen", START, "--mate", "20", *words)
+        self.assertEqual((found[-1]["status"], found[-1]["exact"]), ("stopped", False))
+        return found[-1], time.monotonic() - begin
+
+    def test_time_limit(self):
+        found, seconds = self.stopped("--time", "0.2")
+        self.assertLess(seconds, 5)
+        self.assertGreaterEqual(found["ms"], 200)
+        self.assertIn("time limit", found["message"])
+
+    def test_node_limit(self):
+        found, _ = self.stopped("--nodes", "1000")
+        self.assertIn("node limit", found["message"])
+
+    def interrupt(self, sig, *words):
+        """Interrupts a running search; (status, standard output, standard error)."""
+        process = self.start("solve", *words)
+        time.sleep(0.5)
+        self.assertIsNone(process.poll())
+        begin = time.monotonic()
+        process.send_signal(sig)
+        out, err = process.communicate(timeout=60)
+        self.assertLess(time.monotonic() - begin, 2)  # half of it for a busy machine
+        return process.returncode, out, err
+
+    def test_interrupt_prints_what_is_known(self):
+        path = self.write("a.cp", problem(1, "#2") + problem(2, "#20", f"FEN: {START}") +
+                          problem(3, "#2"))
+        for sig in (signal.SIGINT, signal.SIGTERM):
+            status, out, err = self.interrupt(sig, path, "--json")
+            self.assertEqual(status, 4)
+            self.assertEqual([json.loads(line)["status"] for line in out.splitlines()],
+                             ["mate", "stopped"])
+            self.assertIn("1 problem not tried", err)
+
+    def test_interrupt_of_the_text_report_keeps_the_summary(self):
+        path = self.write("a.cp", problem(1, "#2") + problem(2, "#20", f"FEN: {START}"))
+        status, out, _ = self.interrupt(signal.SIGINT, path)
+        self.assertEqual(status, 4)
+        self.assertIn("stopped by the user", out)
+        self.assertIn("1 solved, 0 without mate, 1 stopped", out)
+
+    def test_interrupt_of_perft(self):
+        process = self.start("perft", "12")
+        time.sleep(0.3)
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(60), 4)
+
+
+class Terminal(CliCase):
+    def on_terminal(self, *words, **environment):
+        """Everything that a terminal receives of both streams, and the status."""
+        names = {"LANG": "C.UTF-8", "LC_ALL": "C.UTF-8", "TERM": "xterm", **environment}
+        names = {**os.environ, **names}
+        names.pop("" if "NO_COLOR" in environment else "NO_COLOR", None)
+        main, other = pty.openpty()
+        process = subprocess.Popen([CLI, *words], stdin=other, stdout=other, stderr=other, env=names)
+        os.close(other)
+        received = b""
+        while True:
+            try:
+                received += os.read(main, 65536)
+            except OSError:  # all ends are closed
+                break
+        os.close(main)
+        return received.decode(), process.wait(60)
+
+    def test_progress_line_comes_and_goes(self):
+        text, status = self.on_terminal("solve", "--fen", START, "--mate", "20", "--time", "0.8")
+        self.assertEqual(status, 4)
+        self.assertRegex(text, r"\r\x1b\[KYour position, #20  move \d+ of 20: \S+  [\d,]+ nodes")
+        self.assertIn("\r\x1b[K", text[text.rindex(" nodes  "):])
+
+    def test_colours_and_drawing_are_for_terminals_that_want_them(self):
+        words = ["solve", "--fen", MATE_2, "--mate", "2"]
+        self.assertIn("\x1b[1mKf6-f7\x1b[0m", self.on_terminal(*words)[0])
+        self.assertIn("░", self.on_terminal(*words)[0])
+        for environment in ({"NO_COLOR": "1"}, {"TERM": "dumb"}):
+            self.assertNotIn("\x1b[1m", self.on_terminal(*words, **environment)[0])
+        self.assertNotIn("░", self.on_terminal(*words, LC_ALL="C")[0])
+
+    def test_file_cannot_steer_the_terminal(self):
+        path = self.write("a.cp", "UTF-8\n" + problem(1, "#2", f"Desc: a\x1b[2Jb\n\tFEN: {MATE_2}"))
+        text, _ = self.on_terminal("show", path)
+        self.assertNotIn("\x1b[2J", text)
+
+
+class Show(CliCase):
+    def test_board_styles(self):
+        words = ["show", "--fen", MATE_2]
+        self.assertIn(" 1 | .     .     .     R    |\n", self.expect(0, *words, "--ascii")[0])
+        self.assertIn("♖", self.expect(0, *words, "--unicode")[0])
+        self.expect(2, *words, "--ascii", "--unicode")
+
+    def test_problem_with_line_of_play_and_answer(self):
+        text = (problem(1, "", f"FEN: {MATE_2}\n\tMoves: Kf6-f7 Kh8-h7 Rg1-h1") +
+                problem(2, "#2", answer="\tAnswer: Kf6-f7\n"))
+        out, _ = self.expect(0, "show", self.write("a.cp", text))
+        self.assertIn("1.Kf6-f7 Kh8-h7 2.Rg1-h1", out)
+        self.assertIn("Problem 2: mate in 2", out)
+        self.assertIn("Answer: Kf6-f7", out)
+
+
+class Lint(CliCase):
+    def test_clean_file(self):
+        out, err = self.expect(0, "lint", self.write("a.cp", problem(1, "#2")))
+        self.assertEqual((out, err), ("1 problem, 0 errors, 0 warnings\n", ""))
+
+    def test_warnings_by_line(self):
+        text = (problem(1, "#2") + problem(1, "#301") +
+                problem(2, "#2", "White: Ke1\n\tBlack: Ke8, Ke7") +
+                problem(3, "#2", "FEN: 6kR/8/6K1/8/8/8/8/8") +
+                problem(4, "#2", answer="\tAnswer: Kf6-f7, Rg1-h2\n"))
+        path = self.write("a.cp", text)
+        out, _ = self.expect(0, "lint", path)
+        lines = out.splitlines()
+        self.assertEqual([int(re.match(re.escape(path) + r":(\d+): warning: ", line)[1])
+                          for line in lines[:-1]], [5, 5, 9, 14, 18])
+        self.assertIn("Rg1-h2", lines[4])
+        self.assertEqual(lines[-1], "4 problems, 0 errors, 5 warnings")
+
+    def test_errors_as_json(self):
+        bad = self.write("a.cp", problem(1, "#2") + "2 #2 {\n\tFEN: x\n}\n")
+        out, _ = self.expect(3, "lint", "--json", bad, self.folder / "none.cp")
+        found = [json.loads(line) for line in out.splitlines()]
+        self.assertEqual([(f["file"], f["line"], f["severity"]) for f in found],
+                         [(bad, 6, "error"), (str(self.folder / "none.cp"), 0, "error")])
+
+
+class Format(CliCase):
+    def test_own_form_is_kept(self):
+        text = problem(7, "#2 ALLSOLUTIONS", f"D: a  \n\tW: Kf6, Rg1 B: Kh8", "\tA: f6-f7\n")
+        once, err = self.expect(0, "format", self.write("a.cp", text))
+        self.assertEqual(err, "")
+        self.assertIn("7 #2 AllSolutions\n", once)
+        self.assertIn(f"FEN: {MATE_2}\n", once)
+        self.assertIn("Kf6-f7", once)
+        self.assertEqual(self.expect(0, "format", "-", stdin=once)[0], once)
+
+    def test_in_place_and_to_a_file(self):
+        path = self.write("a.cp", problem(1, "#2"))
+        out, _ = self.expect(0, "format", path)
+        other = self.folder / "b.cp"
+        self.assertEqual(self.expect(0, "format", path, "-o", other), ("", ""))
+        self.assertEqual(self.expect(0, "format", "--in-place", path), ("", ""))
+        for written in (other, pathlib.Path(path)):
+            self.assertEqual(written.read_text(encoding="utf-8"), out)
+
+    def test_list_of_positions_becomes_a_problem_file(self):
+        path = self.write("a.epd", f'{MATE_2} w - - bm #2; id "Rook; king";\n')
+        out, _ = self.expect(0, "format", path)
+        self.assertIn("1 #2\n", out)
+        self.assertIn("Description: Rook; king\n", out)
+        self.expect(2, "format", "--in-place", path)
+
+    def test_nothing_is_written_over_what_cannot_be_read(self):
+        text = problem(1, "#2") + "2 #2 {"
+        path = self.write("a.cp", text)
+        other = self.write("b.cp", "precious")
+        self.expect(3, "format", "--in-place", path)
+        out, err = self.expect(3, "format", path, "-o", other)
+        self.assertEqual(out, "")
+        self.assertIn("Nothing was written", err)
+        self.assertEqual(pathlib.Path(path).read_text(encoding="utf-8"), text)
+        self.assertEqual(pathlib.Path(other).read_text(encoding="utf-8"), "precious")
+
+    def test_what_is_lost_is_told(self):
+        text = "// mine\n" + problem(1, "#2 GLOBREGMB 5 THREADS 4^2") + problem(2, "#2")
+        out, err = self.expect(0, "format", "-", stdin=text)
+        self.assertNotIn("GLOBREGMB", out)
+        self.assertRegex(err, r"standard input:2: problem 1 .*THREADS.*GLOBREGMB")
+        self.assertIn("comments are not kept", err)
+        self.assertNotIn("problem 2", err)
+
+    def test_target_that_cannot_be_written(self):
+        path = self.write("a.cp", problem(1, "#2"))
+        _, err = self.expect(5, "format", path, "-o", self.folder / "none" / "b.cp")
+        self.assertIn("b.cp", err)
+
+
+class Perft(CliCase):
+    def test_counts_of_the_starting_position(self):
+        for depth, count in [(0, "1"), (1, "20"), (3, "8,902")]:
+            self.assertIn(f"= {count} ", self.expect(0, "perft", depth)[0])
+
+    def test_divide_adds_up_and_black_may_move(self):
+        fen = "r3k2r/8/8/8/8/8/8/R3K2R b KQkq -"
+        out, _ = self.expect(0, "perft", "2", "--divide", "--fen", fen)
+        counts = dict(re.findall(r"^(\S+): (\d+)$", out, re.M))
+        self.assertIn("0-0-0", counts)
+        self.assertIn(f"= {sum(map(int, counts.values()))} ", out)
+        self.assertEqual(sum(map(int, counts.values())), 568)
+
+    def test_position_that_cannot_be(self):
+        self.expect(3, "perft", "2", "--fen", "6kR/8/6K1/8/8/8/8/8 w - -")
+
+
+class SharedMates(CliCase):
+    """Problems of others with all their keys; skipped where they are missing."""
+
+    def test_all_keys_agree(self):
+        path = DATA / "short.cp"
+        if not path.is_file():
+            self.skipTest(f"{path} is missing")
+        out, _ = self.expect(0, "solve", "--all", "--brief", path)
+        agree = [line for line in out.splitlines() if "  agrees  " in line]
+        self.assertGreater(len(agree), 100)
+        self.assertIn(f"\n{len(agree)} problems in ", out)
+        self.assertEqual(out.splitlines()[-1], f"Answers of the file: {len(agree)} agree")
+
+
+class Bench(CliCase):
+    def test_signature_is_the_sum_and_the_same_every_time(self):
+        out, _ = self.expect(0, "bench", "--json")
+        *positions, total = [json.loads(line) for line in out.splitlines()]
+        self.assertEqual(total["name"], "signature")
+        self.assertGreater(total["nodes"], 0)
+        self.assertEqual(total["nodes"], sum(one["nodes"] for one in positions))
+        self.assertIn(f"Search signature: {total['nodes']}\n", self.expect(0, "bench")[0])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,30 @@
+UTF-8
+
+//!default #3 AllSolutions
+// a comment
+1 #2
+{
+	Desc: Click here to change problem description
+	White: Ke1
+	Black: Ke8
+}
+7 s#3 NoMirror MIRRORONLY ALLSOLUTIONS StopOnDual STOPON3SOL USEMAINVARIANTASSORTINDICATIONS THREADS 4^2 SCHEDULERLEVELS 2 LICHESSLEVELS 1 NOGLOBREG GLOBREGMB 64 GUICHECK 3 GUICHECKBESTDEFENCE SAFEMODE REQUIRES KQk ALLSOLUTIONSREQUIRES KRk REQUIRESSYZYGY ALLSOLUTIONSREQUIRESSYZYGY STOPRELAXHEURISTICSONFIRSTSOLUTION SH_KEYLINE(a, b) SH_SAVEQUEEN/ROOK OFF
+//#TAGS
+//#miniature
+//#zażółć
+//!VARIANTS
+//!{Main variant} Qa1-a8[threat] Kh7:g6 0-0 0-0-0[end]
+//!{other} e7-e8Q
+//!ENDVARIANTS
+//@SortIndications: 3.Qa1-a8; ~Kb2; Rh1:h7+
+{
+	Description: A description
+	FEN: r3k2r/8/8/8/8/8/4P3/R3K2R
+	Answer: 0-0, 0-0-0, Ra1:a8, e2-e4
+}
+9 GUICHECKBESTDEFENCEANDAUX
+{
+	FEN: r3k2r/pppppppp/8/8/8/8/PPPPPPPP/R3K2R
+   Moves:     e2-e4 d7-d5 e4:d5 e7-e5 d5:e6 0-0 0-0-0
+	A: a2-a3
+}
