@@ -72,7 +72,7 @@ struct TFilePlace {
 
 /// Field of the black man that attacks the field; NoChecker if none, DoubleCheck if more than one.
 /// With a non-null list every attacker but the king is written to it (room for 16) and counted in
-/// *pCount. Order: king, pawns, knights, then the eight rays.
+/// *pCount. Order: king, pawns, knights, then the sliders by field.
 std::int8_t FindBlackAttackers(const TChessboard& board, int file, int rank, TFilePlace* pList,
                                int* pCount);
 /// The same for White.

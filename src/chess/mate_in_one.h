@@ -5,7 +5,7 @@
 
 namespace tarnwick {
 
-/// m_whiteChecker must be valid; board.m_pThread must be set (the trial board is its next slot).
+/// m_whiteChecker must be valid. Trial moves are made on a copy on the stack.
 /// Never makes a full move list: it looks only at moves that give check and cover the king's flights.
 bool IsMateInOne(TChessboard& board) noexcept;
 

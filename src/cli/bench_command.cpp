@@ -17,12 +17,10 @@ namespace {
 
 struct TBenchResult {
     std::uint64_t nodes = 0;
-    std::uint64_t workNodes = 0;  ///< With the work that users are not shown.
     std::uint64_t ms = 0;
 
     void Add(const TSolveResult& result) {
-        nodes += result.nodes;
-        workNodes += result.workNodes;
+        nodes += result.workNodes;
         ms += result.elapsedMs;
     }
 };
@@ -41,7 +39,7 @@ constexpr int NumberWidth = 14;
 void PrintHead(TConsole& console) {
     console.out << std::left << std::setw(NameWidth) << "Position" << std::right << std::setw(4)
                 << "#" << std::setw(6) << "Keys" << std::setw(NumberWidth) << "Nodes"
-                << std::setw(NumberWidth) << "Work nodes" << std::setw(10) << "Seconds" << '\n';
+                << std::setw(10) << "Seconds" << '\n';
 }
 
 std::string SecondsText(std::uint64_t ms) {
@@ -52,27 +50,18 @@ std::string SecondsText(std::uint64_t ms) {
 void PrintRow(const TBenchPosition& position, const TSolveResult& result, TConsole& console) {
     console.out << std::left << std::setw(NameWidth) << position.name << std::right << std::setw(4)
                 << position.moves << std::setw(6) << result.keys.size() << std::setw(NumberWidth)
-                << GroupedNumber(result.nodes) << std::setw(NumberWidth)
                 << GroupedNumber(result.workNodes) << std::setw(10) << SecondsText(result.elapsedMs)
                 << std::endl;
 }
 
 void PrintTotal(const TBenchResult& total, TConsole& console) {
     console.out << "\nSearch signature: " << console.style.Bold(std::to_string(total.nodes)) << '\n'
-                << "Work nodes:       " << total.workNodes << '\n'
                 << "Time:             " << SecondsText(total.ms) << " s\n"
-                << "Speed:            " << SpeedText(total.nodes, total.ms, " nodes") << ", "
-                << SpeedText(total.workNodes, total.ms, " work nodes") << '\n';
+                << "Speed:            " << SpeedText(total.nodes, total.ms, " nodes") << '\n';
 }
 
-void PrintJson(const char* name, std::uint64_t nodes, std::uint64_t workNodes, std::uint64_t ms,
-               TConsole& console) {
-    console.out << CJsonLine()
-                       .Add("name", name)
-                       .Add("nodes", nodes)
-                       .Add("workNodes", workNodes)
-                       .Add("ms", ms)
-                       .Line()
+void PrintJson(const char* name, std::uint64_t nodes, std::uint64_t ms, TConsole& console) {
+    console.out << CJsonLine().Add("name", name).Add("nodes", nodes).Add("ms", ms).Line()
                 << std::flush;
 }
 
@@ -91,13 +80,13 @@ TExitStatus RunBench(const TBenchArguments& arguments, TConsole& console) {
         }
         total.Add(result);
         if (arguments.bJson) {
-            PrintJson(position.name, result.nodes, result.workNodes, result.elapsedMs, console);
+            PrintJson(position.name, result.workNodes, result.elapsedMs, console);
         } else {
             PrintRow(position, result, console);
         }
     }
     if (arguments.bJson) {
-        PrintJson("signature", total.nodes, total.workNodes, total.ms, console);
+        PrintJson("signature", total.nodes, total.ms, console);
     } else {
         PrintTotal(total, console);
     }

@@ -174,6 +174,7 @@ TProblemInput ReadTypedProblem(const std::string& fen, int moves) {
 
 bool SelectProblems(TProblemInput& input, const CIdList& ids, CConsoleDialog& dialog) {
     std::vector<int> numbers;
+    numbers.reserve(input.problems.size());
     for (const TInputProblem& problem : input.problems) {
         numbers.push_back(problem.pProblem->m_id);
     }

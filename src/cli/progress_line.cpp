@@ -69,7 +69,7 @@ void CSolveWatcher::ShowProgress() {
         const std::lock_guard guard(m_lock);
         progress = m_progress;
     }
-    progress.nodes = m_task.m_nodes.load(std::memory_order_relaxed);
+    progress.nodes = m_task.m_workNodes.load(std::memory_order_relaxed);
     progress.elapsedMs = static_cast<std::uint64_t>(NowMs() - m_startMs);
     m_dialog.Progress(ProgressText(progress));
 }

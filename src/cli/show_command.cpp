@@ -13,6 +13,7 @@ namespace {
 /// The moves of the problem's line of play: "1.Qa1-a8 Kb2-c3 2.Qa8-h8".
 std::string LineText(const TChessProblem& problem) {
     std::vector<std::string> moves;
+    moves.reserve(problem.m_lineBoards.size());
     for (std::size_t i = 0; i < problem.m_lineBoards.size(); ++i) {
         const TMove move = problem.m_lineBoards[i]->m_lastMove;
         const std::string number = i % 2 == 0 ? std::to_string(i / 2 + 1) + '.' : "";
@@ -23,6 +24,7 @@ std::string LineText(const TChessProblem& problem) {
 
 std::string AnswerText(const TChessProblem& problem) {
     std::vector<std::string> moves;
+    moves.reserve(problem.m_answers.size());
     for (const TMove move : problem.m_answers) {
         moves.push_back(MoveToDisplayText(move, *problem.m_pBoard));
     }

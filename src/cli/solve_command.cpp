@@ -61,6 +61,7 @@ TSolveResult SolveDirectMate(const TInputProblem& input, const TEngineOptions& o
     const int moves = MovesOfStipulation(*input.pProblem);
     TSolveTask task;
     task.m_options = options;
+    task.m_sortHints = HintsOfProblem(*input.pProblem);
     TSolveResult result;
     {
         const CSolveWatcher watcher(task, board, dialog,

@@ -83,8 +83,8 @@ std::string DifferenceText(const TSolvedProblem& solved) {
 }
 
 std::string EffortText(const TSolveResult& result) {
-    const std::string speed = SpeedText(result.nodes, result.elapsedMs);
-    return DurationText(result.elapsedMs) + ", " + CountText(result.nodes, "node") +
+    const std::string speed = SpeedText(result.workNodes, result.elapsedMs);
+    return DurationText(result.elapsedMs) + ", " + CountText(result.workNodes, "node") +
            (speed.empty() ? "" : ", " + speed);
 }
 
@@ -192,7 +192,7 @@ std::string OutcomeJson(const TSolvedProblem& solved) {
         .Add("keys", MoveTexts(result.keys, *record.m_pBoard))
         .Add("all", solved.bAll)
         .Add("exact", IsExact(result))
-        .Add("nodes", result.nodes)
+        .Add("nodes", result.workNodes)
         .Add("ms", result.elapsedMs)
         .Add("message", Joined(messages, "; "))
         .Line();

@@ -66,7 +66,7 @@ TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int mov
     if (moves < 1) {
         return Refusal(UserText(StipulationTooShortText));
     }
-    if (2 * moves - 1 >= MaxPlies) {
+    if (moves > MaxPlies / 2) {
         return Refusal(UserText(StipulationTooLongText));
     }
     task.m_shPlies = static_cast<std::uint16_t>(2 * moves - 1);

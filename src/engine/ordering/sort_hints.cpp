@@ -2,6 +2,7 @@
 
 #include "chess/generate_moves.h"
 #include "chess/make_move.h"
+#include "problems/chess_problem.h"
 
 namespace tarnwick {
 namespace {
@@ -72,6 +73,19 @@ void TSortHints::UseVariant(const TChessboard& start, const TVariant& variant) {
         }
         board = next;
     }
+}
+
+TSortHints HintsOfProblem(const TChessProblem& problem) {
+    TSortHints hints(problem.m_sortIndications);
+    if (problem.m_shOptions.Has(TProblemOption::UseMainVariant)) {
+        for (const auto& [text, variant] : problem.m_variants) {
+            if (IsMainVariantName(variant.m_name)) {
+                hints.UseVariant(*problem.m_pBoard, variant);
+                break;
+            }
+        }
+    }
+    return hints;
 }
 
 bool TSortHints::Takes(std::size_t item, const TChessboard& board,

@@ -24,6 +24,8 @@ struct TVariantImage {
     bool bInUse = false;
 };
 
+struct TChessProblem;
+
 class TSortHints {
   public:
     TSortHints() = default;
@@ -48,5 +50,8 @@ class TSortHints {
 
     bool Takes(std::size_t item, const TChessboard& board, const TMoveInfo& info) const noexcept;
 };
+
+/// The hints of a problem: its sort indications, and its main variant where the problem asks for it.
+TSortHints HintsOfProblem(const TChessProblem& problem);
 
 }  // namespace tarnwick

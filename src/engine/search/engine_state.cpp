@@ -22,12 +22,14 @@ bool WaitOrLeave(TThreadContext& thread) noexcept {
 
 void TellNodesAndCheckLimits(TThreadContext& thread) noexcept {
     TSolveTask& task = thread.m_task;
-    // Quicker-mate work is taken back from m_nodes, so that the difference can be negative: unsigned
-    // arithmetic wraps to the right sum.
-    task.m_nodes.fetch_add(thread.m_nodes - thread.m_nodesTold, std::memory_order_relaxed);
+    // Quicker-mate work is taken back from m_nodes at its end, so it is not told while it lasts: what
+    // the user sees never falls.
+    const std::uint64_t nodes =
+        thread.m_quickerMateNesting > 0 ? thread.m_nodesAtQuickerMate : thread.m_nodes;
+    task.m_nodes.fetch_add(nodes - thread.m_nodesTold, std::memory_order_relaxed);
     task.m_workNodes.fetch_add(thread.m_workNodes - thread.m_workNodesTold,
                                std::memory_order_relaxed);
-    thread.m_nodesTold = thread.m_nodes;
+    thread.m_nodesTold = nodes;
     thread.m_workNodesTold = thread.m_workNodes;
 
     const TEngineOptions& options = task.m_options;

@@ -67,6 +67,7 @@ bool LookForQuickerMate(TChessboard& child) noexcept {
     const std::uint64_t nodesBefore = thread.m_nodes;
     if (thread.m_quickerMateNesting++ == 0) {
         thread.m_quickerMateStartPlies = child.m_shPlies;
+        thread.m_nodesAtQuickerMate = nodesBefore;
     }
     const int limit = DeepeningLimit(child);
     bool bMate = child.m_pass < 2 && MatesByWholeLine(child);

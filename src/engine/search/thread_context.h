@@ -41,6 +41,7 @@ struct TThreadContext : TBoardStack {
     int m_additionalMoves = 0;
     int m_additionalMovesSoFar = 0;
     int m_quickerMateStartPlies = 0;
+    std::uint64_t m_nodesAtQuickerMate = 0;  ///< m_nodes where the outermost one began.
     bool m_bUsedAdditionalMoves = false;
     bool m_bQuickerMateOff = false;
     /// White's last mate answered a promotion by capturing the promoted figure.
