@@ -43,6 +43,11 @@ else()
     endif()
 endif()
 
+if(TARNWICK_STATIC_RUNTIME)
+    # Loading libstdc++ takes longer than solving a two-mover.
+    add_link_options(-static-libstdc++ -static-libgcc)
+endif()
+
 if(TARNWICK_SANITIZE)
     add_compile_options(-fsanitize=${TARNWICK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${TARNWICK_SANITIZE})

@@ -48,6 +48,7 @@ function(tarnwick_test folder)
     add_executable(${target} ${ARG_SOURCES})
     target_link_libraries(${target} PRIVATE
         tarnwick_test_support ${ARG_DEPENDS} GTest::gmock GTest::gtest GTest::gtest_main)
+    target_precompile_headers(${target} REUSE_FROM tarnwick_test_support)
     _tarnwick_discover(${target} unit "-Slow*:*/Slow*:Threads*:*/Threads*" 120)
     _tarnwick_discover(${target} slow "Slow*:*/Slow*" 1800)
     _tarnwick_discover(${target} threads "Threads*:*/Threads*" 600)

@@ -468,6 +468,10 @@ class SharedMates(CliCase):
         self.assertEqual(out.splitlines()[-1], f"Answers of the file: {len(agree)} agree")
 
 
+# Nodes of the fixed set. A change of the search that moves it says so in its commit message.
+SEARCH_SIGNATURE = 11080114
+
+
 class Bench(CliCase):
     def test_signature_is_the_sum_and_the_same_every_time(self):
         out, _ = self.expect(0, "bench", "--json")
@@ -475,6 +479,7 @@ class Bench(CliCase):
         self.assertEqual(total["name"], "signature")
         self.assertGreater(total["nodes"], 0)
         self.assertEqual(total["nodes"], sum(one["nodes"] for one in positions))
+        self.assertEqual(total["nodes"], SEARCH_SIGNATURE, "the search visits other nodes than before")
         self.assertIn(f"Search signature: {total['nodes']}\n", self.expect(0, "bench")[0])
 
 

@@ -104,6 +104,50 @@ TEST(QuickerMate, AStopEndsItWithoutAnAnswer) {
     EXPECT_EQ(line.SearchThread().m_quickerMateNesting, 0);
 }
 
+// ---- What the position memory must not mix up
+
+/// Two ways back to the root's placing. The first keeps what the mate in two needs, the second leaves
+/// the placing as it was and yet no mate: a castling is lost, or Black still has his.
+struct TOnePlacingCase {
+    const char* name;
+    const char* fen;
+    std::vector<std::string> toMate;
+    std::vector<std::string> toNoMate;
+};
+
+class PositionsOfOnePlacing : public testing::TestWithParam<TOnePlacingCase> {
+  protected:
+    /// Two moves are left after the line.
+    static TNodeResult AnswerAfter(CSearchLine& line, const std::vector<std::string>& moves) {
+        return FindMateWhiteToMove(line.Restart().Play(moves).Board(), true);
+    }
+};
+
+TEST_P(PositionsOfOnePlacing, HaveAnswersOfTheirOwn) {
+    const TOnePlacingCase& c = GetParam();
+    CSearchLine mateFirst(c.fen, 7);
+    EXPECT_EQ(AnswerAfter(mateFirst, c.toMate), ResultMate);
+    EXPECT_EQ(AnswerAfter(mateFirst, c.toNoMate), ResultNoMate);
+    CSearchLine noMateFirst(c.fen, 7);
+    EXPECT_EQ(AnswerAfter(noMateFirst, c.toNoMate), ResultNoMate);
+    EXPECT_EQ(AnswerAfter(noMateFirst, c.toMate), ResultMate);
+}
+
+INSTANTIATE_TEST_SUITE_P(Case, PositionsOfOnePlacing,
+                         testing::Values(TOnePlacingCase{"WhiteShort",
+                                                         "8/7R/3B4/8/8/8/8/2k1K2R",
+                                                         {"Bd6-e7", "Kc1-b1", "Be7-d6", "Kb1-c1"},
+                                                         {"Rh1-h6", "Kc1-b2", "Rh6-h1", "Kb2-c1"}},
+                                         TOnePlacingCase{"WhiteLong",
+                                                         "8/8/8/p1R5/3N3P/8/8/R3K1k1",
+                                                         {"Nd4-e6", "Kg1-h1", "Ne6-d4", "Kh1-g1"},
+                                                         {"Ke1-d2", "Kg1-h2", "Kd2-e1", "Kh2-g1"}},
+                                         TOnePlacingCase{"BlackShort",
+                                                         "2K1k2r/8/8/2R5/8/3R4/3n4/8",
+                                                         {"Rd3-e3", "Ke8-f8", "Re3-d3", "Kf8-e8"},
+                                                         {"Rd3-e3", "Nd2-e4", "Re3-d3", "Ne4-d2"}}),
+                         CaseName);
+
 // ---- Refusals
 
 class Refusals : public testing::Test {

@@ -79,6 +79,11 @@ class CSearchLine {
     TChessboard& Root() { return m_root; }
     TChessboard& Board() { return *m_pBoard; }
 
+    /// Back to the root; what the thread has learned stays.
+    CSearchLine& Restart() {
+        m_pBoard = &m_root;
+        return *this;
+    }
     /// Plays moves in full notation, White and Black by turns.
     CSearchLine& Play(const std::vector<std::string>& texts) {
         for (const std::string& text : texts) {
