@@ -1,5 +1,6 @@
 UTF-8
 
+
 1 #2
 //#TAGS
 //#Miniature
@@ -120,7 +121,7 @@ UTF-8
 //#Meredith
 //#Promotion
 {
-	Description: Tarnwick, own position: a knight once more; queen and rooks mate on the edge
+	Description: Tarnwick, own position: a knight once more, and again without check; queen and rooks mate
 	FEN: 8/4P2R/8/1K3pkp/8/5Q2/8/1R6
 	Answer:  e7-e8N
 }
@@ -621,8 +622,8 @@ UTF-8
 //#TAGS
 //#Meredith
 {
-	Description: Tarnwick, own position: the wall of pawns is longer, and so is the way to mate
-	FEN: 8/6k1/2p1p3/2PpP3/2pP4/P1P5/3K4/8
+	Description: Tarnwick, own position: the same wall, but king and pawn stand otherwise, and it takes a move more
+	FEN: 8/4p1k1/2p1p3/2PpP3/3P4/P2K4/8/8
 	Answer:  a3-a4
 }
 
@@ -630,8 +631,7 @@ UTF-8
 //#TAGS
 //#Meredith
 {
-	Description: Tarnwick, own position: the same wall with one pawn further back, which costs no move
-	FEN: 8/4p1k1/2p5/2PpP3/2pP4/P1P5/3K4/8
+	Description: Tarnwick, own position: the wall of pawns is longer, and the free pawn again goes alone
+	FEN: 8/6k1/2p1p3/2PpP3/2pP4/P1P5/3K4/8
 	Answer:  a3-a4
 }
-

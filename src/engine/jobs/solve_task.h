@@ -1,7 +1,7 @@
 #pragma once
 // TSolveTask: one solving job, shared by everything that works on it. Boards point to it. It is made by
 // the caller of StartSolving, may be watched and stopped from other threads while it runs, and must
-// outlive the run.
+// outlive the run. One task is one run: counters and the stop are not reset.
 
 #include <atomic>
 #include <cstdint>
