@@ -46,8 +46,8 @@ TEST(TextInput, ContentTellsTheFormOfOtherNames) {
 
 TEST(TextInput, FormOfText) {
     EXPECT_EQ(FormOfText(std::string("\r\n\n# comment\n  \xEF\xBB\xBF")), TInputForm::ProblemFile);
-    EXPECT_EQ(FormOfText(std::string("\xEF\xBB\xBF") + EpdLine), TInputForm::Epd);
-    EXPECT_EQ(FormOfText(std::string("\n\n# my list\n  ") + EpdLine), TInputForm::Epd);
+    EXPECT_EQ(FormOfText(std::string("\xEF\xBB\xBF").append(EpdLine)), TInputForm::Epd);
+    EXPECT_EQ(FormOfText(std::string("\n\n# my list\n  ").append(EpdLine)), TInputForm::Epd);
     EXPECT_EQ(FormOfText("// http://a/b/c/d/e/f\n"), TInputForm::ProblemFile);
     EXPECT_EQ(FormOfText("1 #2\n"), TInputForm::ProblemFile);
     EXPECT_EQ(FormOfText(""), TInputForm::ProblemFile);
