@@ -17,9 +17,11 @@ inline bool AnySliderSees(int field, TFieldSet sliders, TFieldSet occupied) {
     return false;
 }
 
-inline bool IsAttackedByWhiteOver(const TChessboard& board, int field, TFieldSet occupied) {
+/// `ignored` men (captured ones, say) attack nothing.
+inline bool IsAttackedByWhiteOver(const TChessboard& board, int field, TFieldSet occupied,
+                                  TFieldSet ignored = 0) {
     const auto f = static_cast<std::size_t>(field);
-    const TFieldSet white = board.m_whiteMen;
+    const TFieldSet white = board.m_whiteMen & ~ignored;
     const TFieldSet near = (BlackPawnTargets[f] & board.m_pawns) |
                            (KnightFields[f] & board.m_knights) |
                            (KingFields[f] & FieldBit(WhiteKingField(board)));
@@ -28,11 +30,10 @@ inline bool IsAttackedByWhiteOver(const TChessboard& board, int field, TFieldSet
     }
     const TFieldSet sliders = ((DiagonalRays[f] & board.m_diagonalSliders) |
                                (StraightRays[f] & board.m_straightSliders)) &
-                              white & ~FieldBit(field);
+                              white;
     return AnySliderSees(field, sliders, occupied);
 }
 
-/// `ignored` black men (captured ones, say) attack nothing.
 inline bool IsAttackedByBlackOver(const TChessboard& board, int field, TFieldSet occupied,
                                   TFieldSet ignored = 0) {
     const auto f = static_cast<std::size_t>(field);

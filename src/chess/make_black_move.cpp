@@ -41,29 +41,13 @@ TBlackStep ReadStep(const TChessboard& board, TMove move) {
     return step;
 }
 
-/// White's attacks once the captured man is gone.
-bool IsAttackedAfter(const TChessboard& board, int field, const TBlackStep& step) {
-    const auto f = static_cast<std::size_t>(field);
-    const TFieldSet white = board.m_whiteMen & ~step.captureBit;
-    const TFieldSet near = (BlackPawnTargets[f] & board.m_pawns) |
-                           (KnightFields[f] & board.m_knights) |
-                           (KingFields[f] & FieldBit(WhiteKingField(board)));
-    if ((near & white) != 0) {
-        return true;
-    }
-    const TFieldSet sliders = ((DiagonalRays[f] & board.m_diagonalSliders) |
-                               (StraightRays[f] & board.m_straightSliders)) &
-                              white;
-    return AnySliderSees(field, sliders, step.occupiedAfter);
-}
-
 bool LeavesKingSafe(const TChessboard& board, const TBlackStep& step) {
     if (step.moved == BlackKing) {
-        return !IsAttackedAfter(board, step.to, step);
+        return !IsAttackedByWhiteOver(board, step.to, step.occupiedAfter, step.captureBit);
     }
     const int king = BlackKingField(board);
     if (board.m_blackChecker != NoChecker) {
-        return !IsAttackedAfter(board, king, step);
+        return !IsAttackedByWhiteOver(board, king, step.occupiedAfter, step.captureBit);
     }
     const TFieldSet opened = step.fromBit | (step.bEnPassant ? step.captureBit : 0);
     return SliderThroughOpened(board, king, board.m_whiteMen & ~step.captureBit, opened,

@@ -175,7 +175,7 @@ void CCommandLine::AddSolve() {
     solve->add_option("--time", m_solve.seconds, "At most so long for each problem, like 10 or 0.5")
         ->type_name("SECONDS")
         ->check(SecondsFault);
-    solve->add_option("--nodes", m_solve.nodes, "At most so many nodes for each problem")
+    solve->add_option("--nodes", m_solve.nodes, "At most about so many nodes for each problem")
         ->type_name("N")
         ->check(Between(std::uint64_t{1}, std::uint64_t{1} << 62));
     m_solve.memoryMiB = TEngineOptions().memoryMiB;

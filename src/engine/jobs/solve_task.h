@@ -46,9 +46,9 @@ struct TSolveTask {
 
     std::atomic<TEngineState> m_engineState{TEngineState::Run};
     std::atomic<std::uint16_t> m_shTargetThread{AllThreads};
-    /// Visits near the leaves, as shown to the user; quicker-mate work is not in it.
+    /// Visits near the leaves without quicker-mate work: the engine's own progress figure.
     std::atomic<std::uint64_t> m_nodes{0};
-    /// The same with all work. Both lag a few thousand behind while the search runs.
+    /// The same with all work, which the command line shows and limits. Both lag a few thousand behind while the search runs.
     std::atomic<std::uint64_t> m_workNodes{0};
     std::atomic<bool> m_bLimitReached{false};  ///< The stop came from the time or node limit.
     std::int64_t m_startMs = 0;                ///< Clock at the first move.
