@@ -17,7 +17,6 @@
 #include "cli/perft_command.h"
 #include "cli/show_command.h"
 #include "cli/solve_command.h"
-#include "engine/engine_options.h"
 #include "problems/chess_problem.h"
 
 namespace tarnwick {
@@ -48,6 +47,8 @@ constexpr const char* SolveExamples =
     "  tarnwick-cli solve list.epd --time 10 --brief        ten seconds and a line for each\n"
     "  tarnwick-cli solve --fen '7k/8/5K2/8/8/8/8/6R1 w - -' --mate 2\n"
     "  tarnwick-cli solve --json problems.cp | jq -r .keys[]\n"
+    "  tarnwick-cli solve problems.cp --id 7 --register 7.tmpReg --checkpoint 30\n"
+    "                                       a solve of days that survives a power cut\n"
     "\n";
 
 std::string IdListFault(const std::string& text) {
@@ -63,7 +64,7 @@ std::string SecondsFault(const std::string& text) {
     double seconds = 0;
     const bool bGood =
         CLI::detail::lexical_cast(text, seconds) && std::isfinite(seconds) && seconds > 0;
-    return bGood ? "" : "must be a number of seconds above 0, like 10 or 0.5";
+    return bGood ? "" : "must be a number above 0, like 10 or 0.5";
 }
 
 /// The program with its subcommands. Each command keeps its arguments here; the chosen one sets what is
@@ -82,6 +83,7 @@ class CCommandLine {
     TExitStatus NeedsProblems(const TArguments& arguments,
                               TExitStatus (*run)(const TArguments&, TConsole&));
     void AddSolve();
+    void AddSolveFiles(CLI::App& solve);
     void AddShow();
     void AddLint();
     void AddFormat();
@@ -178,15 +180,63 @@ void CCommandLine::AddSolve() {
     solve->add_option("--nodes", m_solve.nodes, "At most about so many nodes for each problem")
         ->type_name("N")
         ->check(Between(std::uint64_t{1}, std::uint64_t{1} << 62));
-    m_solve.memoryMiB = TEngineOptions().memoryMiB;
-    solve->add_option("--memory", m_solve.memoryMiB, "For remembered positions; 0 remembers none")
+    solve
+        ->add_option("--threads", m_solve.threads,
+                     "Threads at the root, or T^L: also in the first L moves of White. Without it, "
+                     "one for each core")
+        ->type_name("T^L")
+        ->check(ThreadsFault);
+    solve
+        ->add_option("--memory", m_solve.memory,
+                     "For remembered positions: MiB, or a share of the machine's like 20% "
+                     "(which is the default); 0 remembers none")
         ->type_name("MIB")
-        ->capture_default_str()
-        ->check(Between(std::size_t{0}, std::size_t{1} << 20));
+        ->check(MemoryFault);
+    CLI::Option* quick = solve->add_flag(
+        "--quick", m_solve.bQuick,
+        "Drop repetitions at once: faster in long problems, but \"no mate\" is then no proof");
+    solve
+        ->add_flag_callback(
+            "--safe", [] {}, "Prove what is said, which is the default")
+        ->excludes(quick);
+    AddSolveFiles(*solve);
     solve->add_flag("--brief", m_solve.bBrief, "One line for each problem, without its picture");
     solve->add_flag("--json", m_solve.bJson,
                     "One JSON object a line for each problem, and nothing else");
     solve->footer(std::string(SolveExamples) + StatusHelp);
+}
+
+/// What outlives a solve: the register, answers, logs.
+void CCommandLine::AddSolveFiles(CLI::App& solve) {
+    CLI::Option* file =
+        solve
+            .add_option("--register", m_solve.registerFile,
+                        "Go on from what this file (.tmpReg) knows, and save into it at the end, "
+                        "after Ctrl-C too. For one problem of at least six moves")
+            ->type_name("FILE");
+    solve
+        .add_option("--checkpoint", m_solve.checkpointMinutes,
+                    "Save into it also while solving, every so many minutes")
+        ->type_name("MINUTES")
+        ->check(SecondsFault)
+        ->needs(file);
+    solve
+        .add_option("--register-size", m_solve.registerMiB,
+                    "Its size before packing at most; the cheapest positions are left out")
+        ->type_name("MIB")
+        ->check(Between(std::uint64_t{1}, std::uint64_t{1} << 32))
+        ->needs(file);
+    solve.add_flag("--compress", m_solve.bCompress, "Pack it")->needs(file);
+    solve
+        .add_option(
+            "--solved", m_solve.solvedFolder,
+            "Keep answers to problems of at least seven moves in this folder, and take them "
+            "from there")
+        ->type_name("FOLDER");
+    solve
+        .add_option("--log-moves", m_solve.logFolder,
+                    "Log every move and answer into this folder, which makes solving much slower")
+        ->type_name("FOLDER");
 }
 
 void CCommandLine::AddShow() {

@@ -25,7 +25,8 @@ std::string ProgressText(const TSolveProgress& progress) {
     }
     text += "  " + GroupedNumber(progress.nodes) + " nodes";
     const std::string speed = SpeedText(progress.nodes, progress.elapsedMs);
-    return text + (speed.empty() ? "" : "  " + speed) + "  " + DurationText(progress.elapsedMs);
+    text += (speed.empty() ? "" : "  " + speed) + "  " + DurationText(progress.elapsedMs);
+    return text + (progress.line.empty() ? "" : "  " + progress.line);
 }
 
 CSolveWatcher::CSolveWatcher(TSolveTask& task, const TChessboard& board, CConsoleDialog& dialog,
@@ -69,6 +70,8 @@ void CSolveWatcher::ShowProgress() {
         const std::lock_guard guard(m_lock);
         progress = m_progress;
     }
+    progress.line = m_task.m_line.Text();
+    m_task.m_line.Ask(0);
     progress.nodes = m_task.m_workNodes.load(std::memory_order_relaxed);
     progress.elapsedMs = static_cast<std::uint64_t>(NowMs() - m_startMs);
     m_dialog.Progress(ProgressText(progress));

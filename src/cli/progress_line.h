@@ -23,6 +23,7 @@ struct TSolveProgress {
     int count = 0;      ///< First moves altogether.
     std::uint64_t nodes = 0;
     std::uint64_t elapsedMs = 0;
+    std::string line;  ///< The line of play in hand.
 };
 
 /// "Problem 7, #4  move 3 of 35: Qd1-d8  1,234,567 nodes  2.1 M/s  0.588 s"

@@ -1,15 +1,24 @@
 #include "cli/solve_command.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <optional>
+#include <string_view>
 
 #include "base/chess_exception.h"
 #include "platform/clock.h"
+#include "platform/memory_info.h"
 #include "platform/stop_signals.h"
 
 #include "cli/problem_input.h"
 #include "cli/progress_line.h"
+#include "cli/register_file.h"
 #include "cli/solve_report.h"
+#include "cli/solved_folder.h"
+#include "engine/engine_texts.h"
+#include "engine/jobs/job_memory.h"
+#include "engine/threads/multithreading_level.h"
 
 namespace tarnwick {
 namespace {
@@ -17,6 +26,46 @@ namespace {
 TProblemInput ReadInput(const TSolveArguments& arguments) {
     return arguments.file.empty() ? ReadTypedProblem(arguments.fen, arguments.mate)
                                   : ReadProblems(ReadTextInput(arguments.file));
+}
+
+struct TTypedThreads {
+    int threads = 1;
+    int levels = 1;
+};
+
+/// The whole text as a number; nothing for any other text.
+std::optional<int> WholeNumber(std::string_view text) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool bWhole = error == std::errc() && end == text.data() + text.size() && !text.empty();
+    return bWhole ? std::optional(number) : std::nullopt;
+}
+
+std::optional<TTypedThreads> ParseThreads(std::string_view text) {
+    const std::size_t sign = text.find('^');
+    const auto threads = WholeNumber(text.substr(0, sign));
+    const auto levels =
+        sign == std::string_view::npos ? std::optional(1) : WholeNumber(text.substr(sign + 1));
+    if (!threads || !levels || *threads < 1 || *threads > MostThreadsPerLevel || *levels < 1 ||
+        *levels > MostThreadsPerLevel) {
+        return std::nullopt;
+    }
+    return TTypedThreads{*threads, *levels};
+}
+
+void SetThreads(TEngineOptions& options, const std::string& text) {
+    const TTypedThreads typed =
+        ParseThreads(text).value_or(TTypedThreads{ProcessorsOfMachine().physical, 1});
+    options.threads = static_cast<std::uint16_t>(std::min(typed.threads, MostThreadsPerLevel));
+    options.multithreadingLevels = static_cast<std::uint8_t>(typed.levels);
+}
+
+void SetMemory(TEngineOptions& options, std::string_view text) {
+    if (text.ends_with('%')) {
+        options.memoryPercent = *WholeNumber(text.substr(0, text.size() - 1));
+    } else if (!text.empty()) {
+        options.memoryMiB = *WholeNumber(text);
+    }
 }
 
 /// The limit in milliseconds, at least one: a short limit is not no limit.
@@ -36,7 +85,11 @@ TEngineOptions OptionsFor(const TChessProblem& problem, const TSolveArguments& a
     options.bStopOn3Sol = !arguments.bAll && bStopOn3Sol;
     options.timeLimitMs = LimitMs(arguments.seconds);
     options.nodeLimit = arguments.nodes;
-    options.memoryMiB = arguments.memoryMiB;
+    options.bQuickMode = arguments.bQuick;
+    SetThreads(options, arguments.threads);
+    SetMemory(options, arguments.memory);
+    options.bLogMoves = !arguments.logFolder.empty();
+    options.logFolder = arguments.logFolder;
     return options;
 }
 
@@ -55,19 +108,28 @@ std::string StopMessage(const TSolveTask& task, std::uint64_t elapsedMs) {
     return bTime ? "time limit reached" : "node limit reached";
 }
 
-TSolveResult SolveDirectMate(const TInputProblem& input, const TEngineOptions& options,
-                             CConsoleDialog& dialog) {
+/// One problem of this command with the files that belong to it.
+TSolveResult SolveDirectMate(const TInputProblem& input, const TSolveArguments& arguments,
+                             const TEngineOptions& options, CConsoleDialog& dialog) {
     const TChessboard& board = *input.pProblem->m_pBoard;
     const int moves = MovesOfStipulation(*input.pProblem);
     TSolveTask task;
     task.m_options = options;
     task.m_sortHints = HintsOfProblem(*input.pProblem);
+    task.m_problemNumber = static_cast<std::uint32_t>(input.pProblem->m_id);
+    task.m_callbacks.onError = [&dialog](const std::string& title, const std::string& text) {
+        dialog.Tell(title + ": " + text);
+    };
+    CSolvedFolder solved(arguments.solvedFolder, board, task, dialog);
+    CRegisterFile file(arguments, moves, task, dialog);
     TSolveResult result;
     {
         const CSolveWatcher watcher(task, board, dialog,
                                     ProblemName(input) + ", #" + std::to_string(moves));
         result = StartSolving(task, board, moves);
     }
+    file.SaveAtEnd();
+    solved.SaveAtEnd();
     if (result.status == TSolveStatus::Stopped && result.message.empty()) {
         result.message = StopMessage(task, result.elapsedMs);
     }
@@ -82,7 +144,7 @@ TSolvedProblem SolveProblem(const TInputProblem& input, const TSolveArguments& a
     solved.pInput = &input;
     solved.bAll = options.bAllSolutions;
     if (AsksForMate(problem)) {
-        solved.result = SolveDirectMate(input, options, dialog);
+        solved.result = SolveDirectMate(input, arguments, options, dialog);
     } else if (problem.m_type == TProblemType::SelfMate) {
         solved.result = Refused("self-mates are not solved");
     } else {
@@ -119,7 +181,36 @@ void TellUntried(std::size_t count, CConsoleDialog& dialog) {
     }
 }
 
+/// A register belongs to one problem.
+bool IsRegisterOfManyProblems(const TSolveArguments& arguments, const TProblemInput& input,
+                              CConsoleDialog& dialog) {
+    if (arguments.registerFile.empty() || input.problems.size() <= 1) {
+        return false;
+    }
+    dialog.Tell("--register keeps what is known of one problem: choose it with --id");
+    return true;
+}
+
 }  // namespace
+
+std::string ThreadsFault(const std::string& text) {
+    const auto typed = ParseThreads(text);
+    if (!typed) {
+        return "must be threads, or threads^levels, from 1 to 64 each, like 4 or 4^2";
+    }
+    TEngineOptions options;
+    SetThreads(options, text);
+    return MostThreads(options) > MostThreadsAtOnce ? UserText(TooManyThreadsText) : "";
+}
+
+std::string MemoryFault(const std::string& text) {
+    const bool bPercent = text.ends_with('%');
+    const auto number = WholeNumber(std::string_view(text).substr(0, text.size() - bPercent));
+    const int most = bPercent ? 100 : 1 << 24;
+    return number && *number >= 0 && *number <= most
+               ? ""
+               : "must be a number of MiB, or a share of the machine's memory like 20%";
+}
 
 TExitStatus RunSolve(const TSolveArguments& arguments, TConsole& console) {
     const CIdList ids = CIdList::Parse(arguments.ids);
@@ -127,6 +218,9 @@ TExitStatus RunSolve(const TSolveArguments& arguments, TConsole& console) {
     TellRemarks(input, console.dialog);
     TExitStatus status = input.HasFault() ? TExitStatus::Unreadable : TExitStatus::Success;
     if (!SelectProblems(input, ids, console.dialog) && !ids.IsEmpty()) {
+        return WorseOf(status, TExitStatus::WrongUsage);
+    }
+    if (IsRegisterOfManyProblems(arguments, input, console.dialog)) {
         return WorseOf(status, TExitStatus::WrongUsage);
     }
     if (input.problems.empty() && !input.HasFault()) {

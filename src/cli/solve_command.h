@@ -18,10 +18,23 @@ struct TSolveArguments {
     bool bAll = false;        ///< All keys of every problem, whatever its own options say.
     double seconds = 0;       ///< For each problem; 0: no limit.
     std::uint64_t nodes = 0;  ///< For each problem; 0: no limit.
-    std::size_t memoryMiB = 0;
+    std::string threads;      ///< "T" or "T^L"; empty: one for each core.
+    std::string memory;       ///< "MIB" or "P%"; empty: the engine's default.
+    bool bQuick = false;
+    std::string registerFile;       ///< To load before and to save after; empty: none.
+    double checkpointMinutes = 0;   ///< Between saves while solving; 0: none.
+    std::uint64_t registerMiB = 0;  ///< Largest size of that file before packing; 0: any.
+    bool bCompress = false;         ///< Pack it.
+    std::string solvedFolder;       ///< Of answers of earlier runs; empty: none.
+    std::string logFolder;          ///< For logs of all moves; empty: none.
     bool bJson = false;
     bool bBrief = false;  ///< One line a problem instead of picture and all.
 };
+
+/// "4" or "4^2": threads and levels of threads. Returns what is wrong with the text; empty: nothing.
+std::string ThreadsFault(const std::string& text);
+/// "512" or "20%": MiB, or a share of the machine's memory.
+std::string MemoryFault(const std::string& text);
 
 TExitStatus RunSolve(const TSolveArguments& arguments, TConsole& console);
 

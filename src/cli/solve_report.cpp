@@ -41,7 +41,7 @@ const char* StatusName(TSolveStatus status) {
 
 /// Whether what the result says is proved: keys are keys also after a stop.
 bool IsExact(const TSolveResult& result) {
-    return result.status == TSolveStatus::NoMate || !result.keys.empty();
+    return (result.status == TSolveStatus::NoMate && result.bSafeMode) || !result.keys.empty();
 }
 
 /// "Only key: Qd1-d8" when there is no other, "Key" when nobody looked.
@@ -62,6 +62,7 @@ std::string VerdictText(const TSolvedProblem& solved, const CTextStyle& style) {
         text = KeysText(solved, style);
     } else if (result.status == TSolveStatus::NoMate) {
         text = style.Warning("No " + StipulationText(Record(solved)));
+        text += result.bSafeMode ? "" : " found in quick mode, which is no proof: try --safe";
     } else if (result.status == TSolveStatus::Refused) {
         return style.Bad("Refused: ") + ShownText(result.message);
     } else {
@@ -195,6 +196,8 @@ std::string OutcomeJson(const TSolvedProblem& solved) {
         .Add("nodes", result.workNodes)
         .Add("ms", result.elapsedMs)
         .Add("message", Joined(messages, "; "))
+        .Add("safe_mode", result.bSafeMode)
+        .Add("register", result.registerElements)
         .Line();
 }
 

@@ -37,7 +37,8 @@ std::string OutcomeText(const TSolvedProblem& solved, const CTextStyle& style);
 /// The same and the problem's number in one line without its end.
 std::string BriefText(const TSolvedProblem& solved, const CTextStyle& style);
 
-/// The object of `--json`: id, fen, mate, status, keys, all, exact, nodes, ms, message. Programs read
+/// The object of `--json`: id, fen, mate, status, keys, all, exact, nodes, ms, message, safe_mode,
+/// register (positions in it at the end). Programs read
 /// it: members may be added behind these and never change.
 std::string OutcomeJson(const TSolvedProblem& solved);
 

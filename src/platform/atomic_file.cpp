@@ -32,6 +32,8 @@ namespace fs = std::filesystem;
 
 constexpr int MaxLinksFollowed = 40;  // as the kernel's own limit
 constexpr mode_t PermissionBits = 07777;
+/// Large enough that a write's fixed cost does not count.
+constexpr std::size_t BufferSize = 256 * 1024;
 
 [[noreturn]] void ThrowCannotSave(const fs::path& path, const std::string& reason) {
     throw ChessException(UserText(TextCannotSaveFile) + ToValidUtf8(path.string()) + ": " + reason);
@@ -144,24 +146,16 @@ int WriteAll(int descriptor, std::string_view content) {
     return 0;
 }
 
-/// Steps 1 and 2. Returns an errno number, 0 if the content stands on the disk.
-int WriteNewFile(const fs::path& name, std::string_view content,
-                 const std::optional<struct stat>& old) {
+/// Step 1, but for the content: makes the new file with the rights of the old one. Throws if it cannot.
+int MakeNewFile(const fs::path& path, const fs::path& name, const std::optional<struct stat>& old) {
     // Nobody else may look into the successor of a private file, also while it is written.
     const mode_t mode = old ? S_IRUSR | S_IWUSR : mode_t{0666};
-    CDescriptor file(::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-    if (file.Number() < 0) {
-        return errno;
+    const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    const int error = descriptor < 0 ? errno : 0;
+    if (error != 0) {
+        ThrowCannotSave(path, error);
     }
-    int error = old ? CopyOwnerAndMode(file.Number(), *old) : 0;
-    if (error == 0) {
-        error = WriteAll(file.Number(), content);
-    }
-    if (error == 0 && ::fsync(file.Number()) != 0) {
-        error = errno;
-    }
-    const int closeError = file.Close();
-    return error != 0 ? error : closeError;
+    return descriptor;
 }
 
 /// Step 3. A file system without hard links gets a copy.
@@ -194,26 +188,91 @@ int FlushFolder(const fs::path& folder) {
 
 }  // namespace
 
-void SaveFileAtomically(const fs::path& path, std::string_view content, TBackup backup) {
-    const fs::path target = FollowLinks(path);
-    const fs::path folder = FolderOf(target);
-    const std::optional<struct stat> old = OldFileState(path, target);
+struct CAtomicFileWriter::TFiles {
+    TFiles(const fs::path& shownPath, TBackup wantedBackup)
+        : path(shownPath),
+          target(FollowLinks(path)),
+          backup(wantedBackup),
+          old(OldFileState(path, target)),
+          name(StrayNameIn(FolderOf(target))),
+          file(MakeNewFile(path, name, old)),
+          remover(name) {}
 
-    const fs::path name = StrayNameIn(folder);
-    int error = WriteNewFile(name, content, old);
-    const CStrayName remover(name);
-    if (error == 0 && old && backup == TBackup::Keep) {
-        error = KeepBackup(target);
-    }
-    if (error == 0 && ::rename(name.c_str(), target.c_str()) != 0) {
-        error = errno;
-    }
-    if (error == 0) {
-        error = FlushFolder(folder);
-    }
+    fs::path path;    ///< As the caller named the file, for messages.
+    fs::path target;  ///< The file itself, behind all links.
+    TBackup backup;
+    std::optional<struct stat> old;
+    fs::path name;  ///< The new file until it is renamed.
+    CDescriptor file;
+    CStrayName remover;
+    std::string buffer;
+    int error = 0;  ///< Of the first failure, which all later calls report again.
+};
+
+CAtomicFileWriter::CAtomicFileWriter(const fs::path& path, TBackup backup)
+    : m_pFiles(std::make_unique<TFiles>(path, backup)) {
+    const int error = m_pFiles->old ? CopyOwnerAndMode(m_pFiles->file.Number(), *m_pFiles->old) : 0;
     if (error != 0) {
         ThrowCannotSave(path, error);
     }
+}
+
+CAtomicFileWriter::~CAtomicFileWriter() = default;
+
+void CAtomicFileWriter::Append(std::string_view bytes) {
+    if (m_pFiles->buffer.size() + bytes.size() > BufferSize) {
+        Write(m_pFiles->buffer);
+        m_pFiles->buffer.clear();
+    }
+    if (bytes.size() < BufferSize) {
+        m_pFiles->buffer += bytes;
+    } else {
+        Write(bytes);
+    }
+}
+
+void CAtomicFileWriter::Write(std::string_view bytes) {
+    if (m_pFiles->error == 0) {
+        m_pFiles->error = WriteAll(m_pFiles->file.Number(), bytes);
+    }
+    if (m_pFiles->error != 0) {
+        ThrowCannotSave(m_pFiles->path, m_pFiles->error);
+    }
+}
+
+void CAtomicFileWriter::Overwrite(std::uint64_t offset, std::string_view bytes) {
+    Write(m_pFiles->buffer);
+    m_pFiles->buffer.clear();
+    const int descriptor = m_pFiles->file.Number();
+    const off_t end = ::lseek(descriptor, 0, SEEK_CUR);
+    ::lseek(descriptor, static_cast<off_t>(offset), SEEK_SET);
+    Write(bytes);
+    ::lseek(descriptor, end, SEEK_SET);
+}
+
+void CAtomicFileWriter::Commit() {
+    Write(m_pFiles->buffer);
+    int error = ::fsync(m_pFiles->file.Number()) == 0 ? 0 : errno;
+    const int closeError = m_pFiles->file.Close();
+    error = error != 0 ? error : closeError;
+    if (error == 0 && m_pFiles->old && m_pFiles->backup == TBackup::Keep) {
+        error = KeepBackup(m_pFiles->target);
+    }
+    if (error == 0 && ::rename(m_pFiles->name.c_str(), m_pFiles->target.c_str()) != 0) {
+        error = errno;
+    }
+    if (error == 0) {
+        error = FlushFolder(FolderOf(m_pFiles->target));
+    }
+    if (error != 0) {
+        ThrowCannotSave(m_pFiles->path, error);
+    }
+}
+
+void SaveFileAtomically(const fs::path& path, std::string_view content, TBackup backup) {
+    CAtomicFileWriter writer(path, backup);
+    writer.Append(content);
+    writer.Commit();
 }
 
 }  // namespace tarnwick

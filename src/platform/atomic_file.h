@@ -6,7 +6,9 @@
 // file is replaced as a whole, so others who have the old one open keep reading the old content.
 // Any thread; two saves of one file at the same time leave one of both contents, whole.
 
+#include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string_view>
 
 namespace tarnwick {
@@ -28,5 +30,33 @@ enum class TBackup {
 /// the last step failed, the flush of the folder, it has the new one.
 void SaveFileAtomically(const std::filesystem::path& path, std::string_view content,
                         TBackup backup = TBackup::None);
+
+/// The same for content that comes bit by bit and may not fit into memory: a new file beside the old one
+/// takes what is appended, and Commit puts it into the old one's place. One thread at a time.
+///
+/// Construction, Append and Commit throw as SaveFileAtomically does, and a failed Append makes all that
+/// follow fail. An object that goes away without a Commit takes the new file with it.
+class CAtomicFileWriter {
+  public:
+    explicit CAtomicFileWriter(const std::filesystem::path& path, TBackup backup = TBackup::None);
+    CAtomicFileWriter(const CAtomicFileWriter&) = delete;
+    CAtomicFileWriter& operator=(const CAtomicFileWriter&) = delete;
+    ~CAtomicFileWriter();
+
+    /// Small pieces are gathered before they go to the system, so a failure may show only later.
+    void Append(std::string_view bytes);
+
+    /// Replaces bytes that were appended before, for heads whose content is known at the end.
+    void Overwrite(std::uint64_t offset, std::string_view bytes);
+
+    /// Flushes to the disk, keeps the backup, replaces the file. At most once, and the last call.
+    void Commit();
+
+  private:
+    struct TFiles;
+    void Write(std::string_view bytes);
+
+    std::unique_ptr<TFiles> m_pFiles;
+};
 
 }  // namespace tarnwick

@@ -190,7 +190,7 @@ TEST(SlowMemoryOfPlacings, ChangesNoKey) {
 /// with the shorter solves that must add up to it, for lengths that no slow solver reaches.
 std::vector<std::string> KeysByShorterSolves(const std::string& fen, int moves) {
     TEngineOptions anyKey;
-    anyKey.memoryMiB = 1;
+    anyKey.positionMemoryMiB = 1;
     const slow::TSlowPosition root = slow::FromFen(fen);
     std::vector<std::string> keys;
     for (const slow::TSlowMove& move : slow::LegalMoves(root)) {

@@ -28,7 +28,7 @@ constexpr const char* ManyKeys = "7k/8/6K1/8/8/8/Q7/1RR5";
 TEngineOptions OptionsForEndless() {
     TEngineOptions options;
     options.bAllSolutions = true;
-    options.memoryMiB = 0;
+    options.positionMemoryMiB = 0;
     return options;
 }
 

@@ -43,7 +43,7 @@ inline std::vector<std::string> KeyTexts(const TChessboard& board, const std::ve
 inline TEngineOptions AllKeysWanted(std::size_t memoryMiB = 1) {
     TEngineOptions options;
     options.bAllSolutions = true;
-    options.memoryMiB = memoryMiB;
+    options.positionMemoryMiB = memoryMiB;
     return options;
 }
 
@@ -65,7 +65,8 @@ class CSearchLine {
         : m_root(BoardOf(fen)) {
         m_task.m_options = options;
         m_task.m_shPlies = m_task.m_shRepetitionFrom = static_cast<std::uint16_t>(plies);
-        m_pThread = std::make_unique<TThreadContext>(m_task);
+        m_pThread = std::make_unique<TThreadContext>(
+            m_task, MemoryForPlies(m_task.m_shPlies, options.positionMemoryMiB));
         CheckStartPosition(m_root, m_task.m_shPlies, true, nullptr, &m_task.m_material);
         m_root.m_pTask = &m_task;
         m_root.m_pThread = m_pThread.get();

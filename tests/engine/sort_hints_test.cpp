@@ -21,7 +21,7 @@ constexpr const char* Placement = "8/8/8/8/8/2k5/8/R3K2R";
 
 /// A root of a job in which five plies are left.
 struct TRoot {
-    explicit TRoot(const std::string& hints) : thread(task) {
+    explicit TRoot(const std::string& hints) : thread(task, 1) {
         bool bWithheld = false;
         bool bEnPassant = false;
         board = EmptyChessboard();

@@ -15,8 +15,9 @@ MAY_INCLUDE = {
     "platform": ["base"],
     "chess": ["base"],
     "problems": ["base", "platform", "chess"],
-    "engine": ["base", "platform", "chess", "problems"],
-    "cli": ["base", "platform", "chess", "problems", "engine"],
+    "registers": ["base", "platform", "chess"],
+    "engine": ["base", "platform", "chess", "problems", "registers"],
+    "cli": ["base", "platform", "chess", "problems", "registers", "engine"],
 }
 
 # Written into the build folder from these templates.

@@ -217,6 +217,63 @@ TEST(AtomicFile, FullDiskLeavesTheOldFileAlone) {
     EXPECT_EQ(folder.Count(), 1U) << "neither backup nor stray file";
 }
 
+TEST(AtomicFileWriter, GathersPiecesOfAllSizesAndReplacesTheFileOnlyAtTheCommit) {
+    const CTempFolder folder;
+    const fs::path path = folder / "register.tmpReg";
+    WriteBytes(path, "old");
+    std::string expected = "HEAD";
+    CAtomicFileWriter writer(path, TBackup::Keep);
+    writer.Append(expected);
+    for (std::size_t size = 0; size < 1'000'000; size = size * 3 + 1) {
+        const std::string piece(size, static_cast<char>('a' + size % 26));
+        writer.Append(piece);
+        expected += piece;
+    }
+    writer.Overwrite(0, "head");
+    writer.Append("end");
+    EXPECT_EQ(ReadBytes(path), "old");
+    writer.Commit();
+    EXPECT_EQ(ReadBytes(path), "head" + expected.substr(4) + "end");
+    EXPECT_EQ(ReadBytes(folder / "register.tmpReg.BAK"), "old");
+    EXPECT_EQ(folder.Count(), 2U);
+}
+
+TEST(AtomicFileWriter, WithoutACommitNothingHappened) {
+    const CTempFolder folder;
+    WriteBytes(folder / "kept", "old");
+    for (const char* const name : {"kept", "never made"}) {
+        CAtomicFileWriter writer(folder / name, TBackup::Keep);
+        writer.Append(std::string(1'000'000, 'n'));
+    }
+    EXPECT_EQ(ReadBytes(folder / "kept"), "old");
+    EXPECT_EQ(folder.Count(), 1U);
+}
+
+TEST(AtomicFileWriter, CannotCommitAfterAFailedAppend) {
+    const CTempFolder folder;
+    const fs::path path = folder / "register.tmpReg";
+    WriteBytes(path, "old");
+    const int status = StatusOfChild([&path] {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit = {50'000, 50'000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        CAtomicFileWriter writer(path);
+        try {
+            writer.Append(std::string(1'000'000, 'n'));
+            return 1;
+        } catch (const ChessException&) {
+        }
+        try {
+            writer.Commit();
+            return 2;
+        } catch (const ChessException&) {
+            return 3;
+        }
+    });
+    EXPECT_EQ(status, 3);
+    EXPECT_EQ(ReadBytes(path), "old");
+}
+
 /// A content whose every part tells its round, so that a mixture or a cut shows.
 std::string ContentOfRound(unsigned round) {
     const std::string line = "round " + std::to_string(round) + "\n";

@@ -3,18 +3,21 @@
 
 #include "engine/jobs/root_search.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "chess/generate_moves.h"
 #include "chess/make_move.h"
 #include "chess/mate_in_one.h"
+#include "engine/jobs/moves_logger.h"
+#include "engine/jobs/root_threads.h"
+#include "engine/jobs/thread_advice.h"
 #include "engine/ordering/root_order.h"
 #include "engine/search/engine_state.h"
 #include "engine/search/find_mate.h"
 
 namespace tarnwick {
 namespace {
-
-constexpr int SievePass = 0;
-constexpr int FinalPass = 2;
 
 bool IsStopRuleMet(const TEngineOptions& options, int solutions) {
     if (!options.bAllSolutions) {
@@ -23,6 +26,7 @@ bool IsStopRuleMet(const TEngineOptions& options, int solutions) {
     return (options.bStopOnDual && solutions >= 2) || (options.bStopOn3Sol && solutions >= 3);
 }
 
+/// Under the lock of the search.
 void AddSolution(TRootSearch& search, TRootMove& rootMove) {
     rootMove.result = TRootResult::Mate;
     ++search.solutions;
@@ -32,40 +36,48 @@ void AddSolution(TRootSearch& search, TRootMove& rootMove) {
     }
 }
 
-TRootResult SearchFirstMove(TRootSearch& search, TMove move) {
-    TChessboard* child = CopyToNextSlot(search.root);
+/// The next open move of the pass; its index, or nothing when none is left or none is wanted.
+std::optional<std::size_t> TakeMove(TRootSearch& search, int pass) {
+    const std::lock_guard guard(search.lock);
+    while (!search.bStopRuleMet && search.next < search.moves.size()) {
+        const std::size_t i = search.next++;
+        if (search.moves[i].result != TRootResult::Unknown) {
+            continue;
+        }
+        if (search.task.m_callbacks.onFirstMove) {
+            search.task.m_callbacks.onFirstMove(search.moves[i].move, static_cast<int>(i),
+                                                static_cast<int>(search.moves.size()), pass);
+        }
+        return i;
+    }
+    return std::nullopt;
+}
+
+TRootResult SearchFirstMove(TThreadContext& thread, TChessboard& root, TMove move) {
+    TChessboard* child = CopyToNextSlot(root);
     if (MakeWhiteMove(*child, move) == MoveRefused) {
         return TRootResult::NoMate;
     }
-    return FindMateBlackToMove(*child) == ResultMate ? TRootResult::Mate : TRootResult::NoMate;
+    TNodeResult result = ResultNoMate;
+    if (thread.m_pLogger != nullptr) {
+        thread.m_pLogger->LogMove(*child);
+        result = FindMateBlackToMoveLogged(*child);
+        thread.m_pLogger->LogResult(*child, result);
+    } else {
+        result = FindMateBlackToMove(*child);
+    }
+    return result == ResultMate ? TRootResult::Mate : TRootResult::NoMate;
 }
 
-void RunPass(TRootSearch& search, int pass) {
-    search.root.m_pass = static_cast<std::uint8_t>(pass);
-    const int count = static_cast<int>(search.moves.size());
-    for (int i = 0; i < count && !search.bStopRuleMet; ++i) {
-        TRootMove& rootMove = search.moves[static_cast<std::size_t>(i)];
-        if (MustLeave(search.thread)) {
-            return;
-        }
-        if (rootMove.result != TRootResult::Unknown) {
-            continue;
-        }
-        search.thread.m_currentFirstMove = rootMove.move;
-        search.thread.m_plies[search.root.m_shPlies].moveIndex = static_cast<std::uint16_t>(i);
-        if (search.task.m_callbacks.onFirstMove) {
-            search.task.m_callbacks.onFirstMove(rootMove.move, i, count, pass);
-        }
-        const TRootResult result = pass == SievePass ? SieveFirstMove(search, rootMove.move)
-                                                     : SearchFirstMove(search, rootMove.move);
-        if (result == TRootResult::Mate) {
-            AddSolution(search, rootMove);  // A mate that was found is one, stop or no stop.
-        } else if (IsStopRequested(search.thread)) {
-            return;
-        } else {
-            rootMove.result = result;
-        }
+/// Keeps the result. A move that a stop left undecided stays open.
+void KeepResult(TRootSearch& search, TThreadContext& thread, std::size_t i, TRootResult result) {
+    const std::lock_guard guard(search.lock);
+    if (result == TRootResult::Mate) {
+        AddSolution(search, search.moves[i]);  // A mate that was found is one, stop or no stop.
+    } else if (!IsStopRequested(thread) && thread.m_outsideStops == 0) {
+        search.moves[i].result = result;
     }
+    thread.m_outsideStops = 0;
 }
 
 /// Mate in one: the mating moves are the solutions, and nothing is left to search.
@@ -80,18 +92,43 @@ void SolveMateInOne(TRootSearch& search) {
 
 }  // namespace
 
-void FindMateAtRoot(TRootSearch& search) {
+void RunPass(TRootSearch& search, TThreadContext& thread, TChessboard& root, int pass) {
+    root.m_pass = static_cast<std::uint8_t>(pass);
+    while (!MustLeave(thread)) {
+        const std::optional<std::size_t> i = TakeMove(search, pass);
+        if (!i) {
+            return;
+        }
+        const TMove move = search.moves[*i].move;
+        thread.m_currentFirstMove = move;
+        thread.m_plies[root.m_shPlies].moveIndex = static_cast<std::uint16_t>(*i);
+        const TRootResult result =
+            pass == SievePass ? SieveFirstMove(root, move) : SearchFirstMove(thread, root, move);
+        KeepResult(search, thread, *i, result);
+    }
+}
+
+int FindMateAtRoot(TRootSearch& search, bool bAllowForce) {
     if (search.root.m_shPlies == 1) {
         SolveMateInOne(search);
-        return;
+        return 0;
     }
     for (TMove move : SortFirstMoves(search.root)) {
         move.fourth = 0;  // The sort score has done its work.
         search.moves.push_back({move, TRootResult::Unknown});
     }
-    for (const int pass : {SievePass, FinalPass}) {
-        RunPass(search, pass);
+    if (bAllowForce) {
+        const int advice = AdviseThreads(search);
+        if (advice != 0) {
+            return -advice;
+        }
     }
+    TRootThreads threads(search);
+    for (const int pass : {SievePass, FinalPass}) {
+        search.next = 0;
+        threads.RunPass(pass);
+    }
+    return 0;
 }
 
 }  // namespace tarnwick

@@ -1,6 +1,8 @@
 #pragma once
-// The passes over the first moves, on one thread.
+// The passes over the first moves, on one thread or several.
 
+#include <mutex>
+#include <string>
 #include <vector>
 
 #include "chess/chessboard.h"
@@ -22,22 +24,35 @@ struct TRootMove {
     TRootResult result = TRootResult::Unknown;
 };
 
-/// A root at work.
+inline constexpr int SievePass = 0;
+inline constexpr int FinalPass = 2;
+
+/// A root at work. With several threads, what follows `lock` is shared and under it.
 struct TRootSearch {
     TSolveTask& task;
-    TThreadContext& thread;
+    TThreadContext& thread;  ///< Of the thread that called FindMateAtRoot.
     TChessboard& root;
-    std::vector<TRootMove> moves;
+    std::mutex lock{};
+    std::vector<TRootMove> moves{};
+    std::size_t next = 0;  ///< First move of this pass that no thread has taken.
     int solutions = 0;
     bool bStopRuleMet = false;  ///< One solution wanted and found, or a dual, or three.
+    std::string error{};        ///< Text of the exception that ended a thread, if one did.
 };
 
 /// The root must be prepared, with m_shPlies, m_shRootPlies, m_pTask and m_pThread set. Fills
 /// search.moves with every first move and its result, as far as stops and stop rules let it.
-void FindMateAtRoot(TRootSearch& search);
+///
+/// Returns 0, or with bAllowForce, before anything was searched, the number of threads that the engine
+/// would rather have, negated.
+int FindMateAtRoot(TRootSearch& search, bool bAllowForce);
+
+/// One pass on the calling thread: takes moves that are still open until none is left. Several threads
+/// may do so at once, each with its own context and root board.
+void RunPass(TRootSearch& search, TThreadContext& thread, TChessboard& root, int pass);
 
 /// Pass 0: first moves that mate in two, three or four, by fixed-depth tests of every reply. Settles
 /// both ways a move whose replies the tests reach to the full depth.
-TRootResult SieveFirstMove(TRootSearch& search, TMove move);
+TRootResult SieveFirstMove(TChessboard& root, TMove move);
 
 }  // namespace tarnwick

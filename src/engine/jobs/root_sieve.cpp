@@ -21,8 +21,8 @@ bool IsProvedShort(TChessboard& afterReply) {
 
 }  // namespace
 
-TRootResult SieveFirstMove(TRootSearch& search, TMove move) {
-    TChessboard* child = CopyToNextSlot(search.root);
+TRootResult SieveFirstMove(TChessboard& root, TMove move) {
+    TChessboard* child = CopyToNextSlot(root);
     if (MakeWhiteMove(*child, move) == MoveRefused) {
         return TRootResult::NoMate;
     }

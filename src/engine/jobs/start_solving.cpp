@@ -2,13 +2,21 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 
 #include "base/chess_exception.h"
 #include "platform/clock.h"
 
 #include "engine/engine_texts.h"
+#include "engine/jobs/job_memory.h"
+#include "engine/jobs/job_register.h"
+#include "engine/jobs/moves_logger.h"
+#include "engine/jobs/result_texts.h"
+#include "engine/jobs/results_cache.h"
 #include "engine/jobs/root_search.h"
 #include "engine/search/engine_state.h"
+#include "engine/threads/context_pool.h"
+#include "engine/threads/multithreading_level.h"
 
 namespace tarnwick {
 namespace {
@@ -19,6 +27,11 @@ TSolveResult Refusal(std::string text) {
     return result;
 }
 
+std::uint32_t MaterialValue(const TMenCounts& men) {
+    return static_cast<std::uint32_t>(9 * men.queens + 5 * men.rooks + 3 * men.bishops +
+                                      3 * men.knights + men.pawns);
+}
+
 /// A root of the job on the thread's stack of boards.
 TChessboard PrepareRoot(TSolveTask& task, TThreadContext& thread, const TChessboard& position) {
     TChessboard root = EmptyChessboard();
@@ -26,15 +39,43 @@ TChessboard PrepareRoot(TSolveTask& task, TThreadContext& thread, const TChessbo
     CheckStartPosition(root, task.m_shPlies, true, nullptr, &task.m_material);
     root.m_pTask = &task;
     root.m_pThread = &thread;
+    task.m_whiteMaterial = MaterialValue(task.m_material.white);
+    task.m_blackMaterial = MaterialValue(task.m_material.black);
     return root;
 }
 
-std::string StopRuleText(const TEngineOptions& options, int solutions) {
-    if (!options.bAllSolutions) {
-        return {};
+/// Numbers that the rest of the job reads, from the options.
+void SettleOptions(TSolveTask& task, int moves) {
+    task.m_shPlies = static_cast<std::uint16_t>(2 * moves - 1);
+    task.m_shRepetitionFrom = task.m_shPlies;
+    task.m_bSafeMode = !task.m_options.bQuickMode;
+    task.m_threadCount =
+        static_cast<std::uint16_t>(std::clamp<int>(task.m_options.threads, 1, MostThreadsPerLevel));
+    task.m_multithreadingLevels = std::max<std::uint8_t>(task.m_options.multithreadingLevels, 1);
+    task.m_startMs = NowMs();
+}
+
+/// The register of the job, made or taken over. Null when the problem is too short to gain from one.
+TAggregatedTemporaryChessboardRegister* PrepareRegister(TSolveTask& task) {
+    if (!UsesRegister(task.m_options, task.m_shPlies)) {
+        return nullptr;
     }
-    return options.bStopOnDual && solutions >= 2 ? UserText(StoppedOnDualText)
-                                                 : UserText(StoppedOnThreeText);
+    if (task.m_pRegister == nullptr) {
+        task.m_pRegister =
+            MakeJobRegister(task.m_options, task.m_shPlies, task.m_callbacks.onError);
+    }
+    task.m_pRegister->SetSafeMode(task.m_bSafeMode);
+    return task.m_pRegister->MaxElements() > 0 ? task.m_pRegister.get() : nullptr;
+}
+
+std::unique_ptr<TThreadContext> PrepareThread(TSolveTask& task) {
+    auto thread = task.m_pContexts->Take();
+    thread->m_pRegister = PrepareRegister(task);
+    thread->m_threadsPerLevel = task.m_threadCount;
+    if (task.m_options.bLogMoves) {
+        thread->m_pLogger = std::make_unique<TMovesLogger>(*thread, false);
+    }
+    return thread;
 }
 
 TSolveResult Summarise(const TRootSearch& search) {
@@ -48,6 +89,7 @@ TSolveResult Summarise(const TRootSearch& search) {
     }
     std::sort(result.keys.begin(), result.keys.end(),
               [](TMove a, TMove b) { return a.from != b.from ? a.from < b.from : a.to < b.to; });
+    result.bSafeMode = search.task.m_bSafeMode;
     result.bComplete = bAllSettled && !search.bStopRuleMet;
     if (search.bStopRuleMet) {
         result.status = TSolveStatus::Mate;
@@ -57,7 +99,65 @@ TSolveResult Summarise(const TRootSearch& search) {
     } else {
         result.status = result.keys.empty() ? TSolveStatus::NoMate : TSolveStatus::Mate;
     }
+    if (!search.error.empty()) {
+        result.message = ThreadErrorText(search.task.m_problemNumber, search.error);
+    }
     return result;
+}
+
+/// The user decides over the engine's wish; what he takes to do so is not solving time.
+void AskForThreads(TSolveTask& task, TThreadContext& thread, int advised) {
+    const std::int64_t before = NowMs();
+    if (task.m_callbacks.onThreadAdvice && task.m_callbacks.onThreadAdvice(advised)) {
+        task.m_threadCount = static_cast<std::uint16_t>(std::min(advised, MostThreadsPerLevel));
+        task.m_forcedThreads = task.m_threadCount;
+        thread.m_threadsPerLevel = task.m_threadCount;
+    }
+    task.m_startMs += NowMs() - before;
+}
+
+TSolveResult RunJob(TSolveTask& task, const TChessboard& position) {
+    const std::size_t memoryMiB =
+        PositionMemoryMiB(task.m_options, task.m_shPlies, MostThreads(task.m_options));
+    task.m_pContexts = std::make_unique<TContextPool>(task, memoryMiB);
+    std::unique_ptr<TThreadContext> thread = PrepareThread(task);
+    TChessboard root = PrepareRoot(task, *thread, position);
+    thread->m_pRootBoard = &root;
+    if (task.m_resultsCache != nullptr) {
+        if (auto known = FindInResultsCache(*task.m_resultsCache, root, task.m_options)) {
+            return *known;
+        }
+    }
+    {
+        TRootSearch search{.task = task, .thread = *thread, .root = root};
+        const int advised = FindMateAtRoot(search, task.m_callbacks.onThreadAdvice != nullptr);
+        if (advised == 0) {
+            TellNodesAndCheckLimits(*thread);
+            return Summarise(search);
+        }
+        AskForThreads(task, *thread, -advised);
+    }
+    TRootSearch search{.task = task, .thread = *thread, .root = root};
+    FindMateAtRoot(search, false);
+    TellNodesAndCheckLimits(*thread);
+    return Summarise(search);
+}
+
+/// Into the cache of results. What contradicts it is told and not kept.
+void KeepResult(const TSolveTask& task, const TChessboard& position, const TSolveResult& result) {
+    if (task.m_resultsCache == nullptr || result.bFromResultsCache) {
+        return;
+    }
+    TChessboard root = EmptyChessboard();
+    std::copy(std::begin(position.m_fields), std::end(position.m_fields), root.m_fields);
+    root.m_shPlies = task.m_shPlies;
+    try {
+        StoreInResultsCache(*task.m_resultsCache, root, result);
+    } catch (const ChessException& contradiction) {
+        if (task.m_callbacks.onError) {
+            task.m_callbacks.onError("Error", contradiction.what());
+        }
+    }
 }
 
 }  // namespace
@@ -69,23 +169,20 @@ TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int mov
     if (moves > MaxPlies / 2) {
         return Refusal(UserText(StipulationTooLongText));
     }
-    task.m_shPlies = static_cast<std::uint16_t>(2 * moves - 1);
-    task.m_shRepetitionFrom = task.m_shPlies;
-    task.m_startMs = NowMs();
+    SettleOptions(task, moves);
     try {
-        const auto thread = std::make_unique<TThreadContext>(task);
-        TChessboard root = PrepareRoot(task, *thread, position);
-        thread->m_pRootBoard = &root;
-        TRootSearch search{.task = task, .thread = *thread, .root = root, .moves = {}};
-        FindMateAtRoot(search);
-        TellNodesAndCheckLimits(*thread);
-        TSolveResult result = Summarise(search);
+        TSolveResult result = RunJob(task, position);
         result.nodes = task.m_nodes;
         result.workNodes = task.m_workNodes;
         result.elapsedMs = static_cast<std::uint64_t>(NowMs() - task.m_startMs);
+        result.registerElements =
+            task.m_pRegister == nullptr ? 0 : task.m_pRegister->ElementCount();
+        KeepResult(task, position, result);
         return result;
     } catch (const ChessException& refused) {
         return Refusal(refused.what());
+    } catch (const std::bad_alloc&) {
+        return Refusal(UserText(OutOfMemoryText));
     }
 }
 

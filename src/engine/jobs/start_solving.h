@@ -1,5 +1,6 @@
 #pragma once
-// StartSolving: one problem from its position to its keys, on the calling thread.
+// StartSolving: one problem from its position to its keys. It runs on the calling thread, which makes
+// and joins whatever threads the options ask for.
 
 #include <cstdint>
 #include <string>
@@ -13,23 +14,27 @@ namespace tarnwick {
 
 enum class TSolveStatus : std::uint8_t {
     Mate,     ///< Keys were found. With all keys wanted and no limit reached, they are all of them.
-    NoMate,   ///< Proved that there is none.
+    NoMate,   ///< None was found; a proof in safe mode.
     Stopped,  ///< Stopped by the user or a limit before an answer; keys found until then are valid.
     Refused   ///< The position or stipulation cannot be solved; message says why.
 };
 
 struct TSolveResult {
     TSolveStatus status = TSolveStatus::Refused;
-    std::vector<TMove> keys;  ///< First moves, in the order of the board's fields.
-    bool bComplete = false;   ///< No limit, stop or stop rule cut the list of keys short.
+    std::vector<TMove> keys;         ///< First moves, in the order of the board's fields.
+    bool bComplete = false;          ///< No limit, stop or stop rule cut the list of keys short.
+    bool bSafeMode = true;           ///< Whether "no mate" is a proof.
+    bool bFromResultsCache = false;  ///< Nothing was searched: an earlier run had the answer.
     std::uint64_t nodes = 0;
     std::uint64_t workNodes = 0;
     std::uint64_t elapsedMs = 0;
-    std::string
-        message;  ///< The user's text, for Refused and for a stop rule that ended the search.
+    std::uint64_t registerElements = 0;  ///< In the job's register at the end.
+    /// The user's text, for Refused, for a stop rule that ended the search and for a thread that ended
+    /// with an error.
+    std::string message;
 };
 
-/// Solves "White mates in `moves`" from the fields of `position`. task.m_options and task.m_callbacks
+/// Solves "White mates in `moves`" from the fields of `position`. What solve_task.h says the caller fills
 /// must be filled. Never throws for a bad position: it is refused with its message.
 TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int moves);
 

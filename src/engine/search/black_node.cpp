@@ -6,16 +6,21 @@
 #include "chess/generate_moves.h"
 #include "chess/lines.h"
 #include "chess/make_move.h"
-#include "chess/mate_in_one.h"
+#include "engine/jobs/moves_logger.h"
 #include "engine/ordering/black_order.h"
 #include "engine/search/engine_state.h"
 #include "engine/search/find_mate.h"
+#include "engine/search/known_positions.h"
 #include "engine/search/node_hooks.h"
 
 namespace tarnwick {
 namespace {
 
+/// A black node at work; the twin that logs is another type.
+template <bool bLogger>
 struct TBlackNode {
+    static constexpr bool Logs = bLogger;
+
     TChessboard& board;
     TThreadContext& thread;
     int plies;
@@ -37,24 +42,57 @@ void PrepareChild(TChessboard& child) {
     }
 }
 
+/// White's answer as the stores know it.
+template <class TNode>
+std::optional<TNodeResult> AnswerFromStores(const TNode& node, TChessboard& child) {
+    switch (FindKnown(child, WhatMayBeKnown(child))) {
+        case TRegisterResult::Mate:
+            if constexpr (TNode::Logs) {
+                node.thread.m_pLogger->LogText(child, "Mate found (pos.in temp.reg.)");
+            }
+            node.thread.m_bMateCapturedPromotion = false;
+            return ResultMate;
+        case TRegisterResult::NoMate:
+            return ResultNoMate;
+        case TRegisterResult::NoMateUnderHeuristics:
+            return child.m_pass < 2 ? std::optional(ResultDoubtful) : std::nullopt;
+        default:
+            return std::nullopt;
+    }
+}
+
 /// White's answer to the position after a defence.
-TNodeResult AnswerDefence(TChessboard& child) {
+template <class TNode>
+TNodeResult AnswerDefence(const TNode& node, TChessboard& child) {
     if (child.m_heuristicFlags.Raw() != 0) {
         PrepareChild(child);
+    }
+    if (child.m_shPlies >= LeastRegisterPlies) {
+        if (const auto answer = AnswerFromStores(node, child)) {
+            return *answer;
+        }
     }
     const int played = child.m_shRootPlies - child.m_shPlies;
     if (child.m_shPlies >= 16 && played < 8 && MatesWithTrackedFields(child)) {
         return ResultMate;
     }
     if (child.m_shPlies >= 3 && !HasGlobalData(child) && LookForQuickerMate(child)) {
+        if constexpr (TNode::Logs) {
+            if (node.thread.m_bUsedAdditionalMoves) {
+                node.thread.m_pLogger->LogText(child,
+                                               "QuickerMate with AdditionalMoves found (with "
+                                               "glob.reg./Nalimov lookup)");
+            }
+        }
         return ResultMate;
     }
-    return FindMateWhiteToMove(child, true);
+    return TNode::Logs ? FindMateWhiteToMoveLogged(child, true) : FindMateWhiteToMove(child, true);
 }
 
 /// A repetition that belongs to an earlier ply is carried there; one of this very position means that
 /// Black can go round in circles, which refutes.
-TNodeResult RepetitionAnswer(TBlackNode& node) {
+template <class TNode>
+TNodeResult RepetitionAnswer(TNode& node) {
     auto& limits = node.thread.m_repetitionLimit;
     const auto ply = static_cast<std::size_t>(node.plies);
     if (limits[ply - 1] > node.plies) {
@@ -65,7 +103,8 @@ TNodeResult RepetitionAnswer(TBlackNode& node) {
 }
 
 /// True when the node is decided: the defence held, or the search has to leave.
-bool DefenceHolds(TBlackNode& node, TMove move, bool bKnownLegal) {
+template <class TNode>
+bool DefenceHolds(TNode& node, TMove move, bool bKnownLegal) {
     if (MustLeave(node.thread)) {
         node.answer = ResultNoMate;
         return true;
@@ -80,7 +119,13 @@ bool DefenceHolds(TBlackNode& node, TMove move, bool bKnownLegal) {
         node.answer = ResultNoMate;
         return true;
     }
-    const TNodeResult result = AnswerDefence(*child);
+    if constexpr (TNode::Logs) {
+        node.thread.m_pLogger->LogMove(*child);
+    }
+    const TNodeResult result = AnswerDefence(node, *child);
+    if constexpr (TNode::Logs) {
+        node.thread.m_pLogger->LogResult(*child, result);
+    }
     if (result == ResultMate) {
         return false;
     }
@@ -91,11 +136,13 @@ bool DefenceHolds(TBlackNode& node, TMove move, bool bKnownLegal) {
     return true;
 }
 
-bool WasTried(const TBlackNode& node, TMove move) {
+template <class TNode>
+bool WasTried(const TNode& node, TMove move) {
     return move.SameAs(node.tried[0]) || move.SameAs(node.tried[1]);
 }
 
-bool HintHolds(TBlackNode& node) {
+template <class TNode>
+bool HintHolds(TNode& node) {
     const auto hints = node.thread.m_hints.For(node.board);
     for (std::size_t i = 0; i < hints.size(); ++i) {
         if (!IsPossibleBlackHint(node.board, hints[i]) || WasTried(node, hints[i])) {
@@ -111,7 +158,8 @@ bool HintHolds(TBlackNode& node) {
 
 /// White's mate took the promoted figure: it would take any other just so. Skips the promotions of the
 /// same pawn to the same field that follow.
-int SkipOtherPromotions(const TBlackNode& node, const TMove* pMoves, int i, int count) {
+template <class TNode>
+int SkipOtherPromotions(const TNode& node, const TMove* pMoves, int i, int count) {
     if (pMoves[i].PromotionType() == 0 || !node.thread.m_bMateCapturedPromotion) {
         return i;
     }
@@ -122,7 +170,8 @@ int SkipOtherPromotions(const TBlackNode& node, const TMove* pMoves, int i, int 
     return i;
 }
 
-bool AnyHolds(TBlackNode& node, const TMove* pMoves, int count, bool bKnownLegal) {
+template <class TNode>
+bool AnyHolds(TNode& node, const TMove* pMoves, int count, bool bKnownLegal) {
     TPlyState& state = node.thread.m_plies[static_cast<std::size_t>(node.plies)];
     state.pMoves = pMoves;
     state.moveCount = static_cast<std::uint16_t>(count);
@@ -140,7 +189,8 @@ bool AnyHolds(TBlackNode& node, const TMove* pMoves, int count, bool bKnownLegal
     return false;
 }
 
-bool AnyHoldsByFigures(TBlackNode& node) {
+template <class TNode>
+bool AnyHoldsByFigures(TNode& node) {
     for (TFieldSet men = node.board.m_blackMen; men != 0;) {
         TMove moves[MaxMovesOfMan];
         const int count = GenerateBlackMoves(node.board, PopLowest(men), moves);
@@ -152,7 +202,8 @@ bool AnyHoldsByFigures(TBlackNode& node) {
 }
 
 /// True when the node is decided.
-bool AnyMoveHolds(TBlackNode& node) {
+template <class TNode>
+bool AnyMoveHolds(TNode& node) {
     if (HintHolds(node)) {
         return true;
     }
@@ -180,9 +231,8 @@ bool AnyMoveHolds(TBlackNode& node) {
     return AnyHolds(node, moves, order.count, true);
 }
 
-}  // namespace
-
-TNodeResult FindMateBlackToMove(TChessboard& board) noexcept {
+template <bool bLogger>
+TNodeResult RunBlackNode(TChessboard& board) {
     TThreadContext& thread = Thread(board);
     if (MustLeave(thread)) {
         return ResultNoMate;
@@ -194,7 +244,7 @@ TNodeResult FindMateBlackToMove(TChessboard& board) noexcept {
     if (board.m_shPlies + 1 == board.m_shRootPlies) {
         TestQueenAgainstRook(board);
     }
-    TBlackNode node{.board = board, .thread = thread, .plies = board.m_shPlies};
+    TBlackNode<bLogger> node{.board = board, .thread = thread, .plies = board.m_shPlies};
     if (AnyMoveHolds(node)) {
         return node.answer;
     }
@@ -202,6 +252,16 @@ TNodeResult FindMateBlackToMove(TChessboard& board) noexcept {
         return ResultMate;
     }
     return ResultNoMate;  // Stalemate.
+}
+
+}  // namespace
+
+TNodeResult FindMateBlackToMove(TChessboard& board) noexcept {
+    return RunBlackNode<false>(board);
+}
+
+TNodeResult FindMateBlackToMoveLogged(TChessboard& board) noexcept {
+    return RunBlackNode<true>(board);
 }
 
 }  // namespace tarnwick

@@ -9,8 +9,9 @@ namespace tarnwick {
 
 bool WaitOrLeave(TThreadContext& thread) noexcept {
     while (!IsStopRequested(thread)) {
+        const TEngineState state = thread.m_task.m_control.State();
         const bool bJobPaused =
-            thread.m_task.m_engineState.load(std::memory_order_relaxed) == TEngineState::Pause;
+            state == TEngineState::Pause || state == TEngineState::ManualCommand;
         const bool bThreadPaused = thread.m_pauseFlag.load(std::memory_order_relaxed) != 0;
         if (!bJobPaused && !bThreadPaused) {
             return false;
@@ -42,6 +43,11 @@ void TellNodesAndCheckLimits(TThreadContext& thread) noexcept {
         task.m_bLimitReached = true;
         task.Stop();
     }
+}
+
+void LookAround(TThreadContext& thread, const TChessboard& board) noexcept {
+    TellNodesAndCheckLimits(thread);
+    thread.m_task.m_line.AnswerIfAsked(thread.m_shThreadNumber, board);
 }
 
 }  // namespace tarnwick

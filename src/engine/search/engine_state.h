@@ -7,14 +7,8 @@ namespace tarnwick {
 
 /// A stop for this thread or for all is in force.
 inline bool IsStopRequested(const TThreadContext& thread) noexcept {
-    if (thread.m_pauseFlag.load(std::memory_order_relaxed) > 1) {
-        return true;
-    }
-    if (thread.m_task.m_engineState.load(std::memory_order_relaxed) != TEngineState::Stop) {
-        return false;
-    }
-    const std::uint16_t target = thread.m_task.m_shTargetThread.load(std::memory_order_relaxed);
-    return target == AllThreads || target == thread.m_shThreadNumber;
+    return thread.m_pauseFlag.load(std::memory_order_relaxed) > 1 ||
+           thread.m_task.m_control.IsStopFor(thread.m_shThreadNumber);
 }
 
 /// Sleeps while the job or this thread is paused. True when the node has to leave.
@@ -22,7 +16,7 @@ bool WaitOrLeave(TThreadContext& thread) noexcept;
 
 /// The test at the head of each move: one load while the engine runs.
 inline bool MustLeave(TThreadContext& thread) noexcept {
-    if (thread.m_task.m_engineState.load(std::memory_order_relaxed) == TEngineState::Run &&
+    if (thread.m_task.m_control.IsRunning() &&
         thread.m_pauseFlag.load(std::memory_order_relaxed) == 0) [[likely]] {
         return false;
     }
@@ -31,14 +25,16 @@ inline bool MustLeave(TThreadContext& thread) noexcept {
 
 /// Adds what was counted since the last call to the job's counters and stops the job at a limit.
 void TellNodesAndCheckLimits(TThreadContext& thread) noexcept;
+/// The same, and gives the line of play that led to the board to who asked for it.
+void LookAround(TThreadContext& thread, const TChessboard& board) noexcept;
 
 /// Leaf visits between two looks at clock and limits: well under a millisecond of work.
 inline constexpr std::uint64_t NodesPerLook = 2048;
 
-inline void CountNode(TThreadContext& thread) noexcept {
+inline void CountNode(TThreadContext& thread, const TChessboard& board) noexcept {
     ++thread.m_nodes;
     if ((++thread.m_workNodes & (NodesPerLook - 1)) == 0) {
-        TellNodesAndCheckLimits(thread);
+        LookAround(thread, board);
     }
 }
 

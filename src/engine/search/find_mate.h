@@ -17,6 +17,10 @@ TNodeResult FindMateWhiteToMove(TChessboard& board, bool bConsultRegisters) noex
 /// Black to move, m_shPlies even, possibly 0.
 TNodeResult FindMateBlackToMove(TChessboard& board) noexcept;
 
+/// Their twins for jobs that log all moves; quicker-mate work is not logged.
+TNodeResult FindMateWhiteToMoveLogged(TChessboard& board, bool bConsultRegisters) noexcept;
+TNodeResult FindMateBlackToMoveLogged(TChessboard& board) noexcept;
+
 /// After a black move (White to move): a mate shorter than the plies left, by iterative deepening. True
 /// proves the position without searching it to its full depth.
 bool LookForQuickerMate(TChessboard& child) noexcept;

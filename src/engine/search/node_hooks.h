@@ -1,5 +1,5 @@
 #pragma once
-// Where registers, precalculated tables, heuristics, threads and the scheduler enter the nodes. Each
+// Where precalculated tables, heuristics and the scheduler enter the nodes. Each
 // hook answers "nothing known, go on" until its subsystem stands behind it. The nodes call them in their
 // fixed order behind the tests that will stay; a compiler removes the rest without a trace.
 
@@ -20,7 +20,7 @@ inline constexpr std::uint32_t HeuristicKingOnEdge = 0x00000004;
 inline constexpr std::uint32_t HeuristicOneColourPlay = 0x00000008;
 inline constexpr std::uint32_t HeuristicTrackedFigure = 0x00010000;
 
-// ---- Registers and tables
+// ---- Tables
 
 /// Precalculated data, asked first: they know the exact length of the mate.
 inline std::optional<TNodeResult> AskGlobalRegister(TChessboard&) noexcept {
@@ -31,14 +31,6 @@ inline std::optional<TNodeResult> AskGlobalRegister(TChessboard&) noexcept {
 inline bool HasGlobalData(const TChessboard&) noexcept {
     return false;
 }
-
-/// The store of solved subpositions.
-inline std::optional<TNodeResult> AskTemporaryRegister(TChessboard&) noexcept {
-    return std::nullopt;
-}
-
-/// A settled answer for the store; doubtful ones go into the part of the heuristics in force.
-inline void TellTemporaryRegister(const TChessboard&, int /*plies*/, TNodeResult) noexcept {}
 
 // ---- White nodes
 
@@ -62,12 +54,6 @@ inline int GenerateHeuristicMoves(const TChessboard&, TMove* /*pList*/,
 /// The child breaks a heuristic and counts as doubtful.
 inline bool IsScreenedOut(const TChessboard& /*child*/) noexcept {
     return false;
-}
-
-/// Spreads a complete list of a first level over threads; nothing when the node goes on alone.
-inline std::optional<TNodeResult> NextMultithreadingLevel(TChessboard&, const TMove*,
-                                                          int /*count*/) noexcept {
-    return std::nullopt;
 }
 
 /// Hands a reply to a juggled thread of this ply; nothing when the node searches it itself.

@@ -13,6 +13,8 @@
 
 namespace tarnwick {
 
+class TMovesLogger;
+
 /// What the progress display and the scheduler need to know of a ply of the line in hand.
 struct TPlyState {
     std::uint16_t moveIndex = 0;     ///< In the ordered list.
@@ -22,14 +24,32 @@ struct TPlyState {
 };
 
 struct TThreadContext : TBoardStack {
-    explicit TThreadContext(TSolveTask& task)
-        : m_task(task), m_memory(MemoryForPlies(task.m_shPlies, task.m_options.memoryMiB)) {}
+    /// memoryMiB: for the memory of positions. Throws ChessException when there is no memory.
+    TThreadContext(TSolveTask& task, std::size_t memoryMiB);
+    ~TThreadContext() override;
+
+    /// Ready to search below a node of the parent's: what the search below needs to know of the line
+    /// above is copied, what the thread learned before it keeps.
+    void StartAsChildOf(const TThreadContext& parent, std::uint16_t number);
 
     TSolveTask& m_task;
     std::uint16_t m_shThreadNumber = 0;
+    std::uint16_t m_threadsPerLevel = 1;
     std::atomic<std::uint8_t> m_pauseFlag{0};  ///< 0 run, 1 paused, 2 or more stop.
+    bool m_bStopFromOutside =
+        false;  ///< The stop for this thread is the user's. Under m_running's lock.
+    /// Stops of this thread or of threads below it that came from outside of the search: what they left
+    /// open is no proof, so nothing is stored any more.
+    std::uint32_t m_outsideStops = 0;
+    TChessboard m_forkBoard{};  ///< Where this thread's search begins.
+    TMove m_mateOfSlice{};      ///< White's mating move in a node with preset moves.
     TMove m_currentFirstMove{};
     std::array<TPlyState, MaxPlies> m_plies{};
+
+    TAggregatedTemporaryChessboardRegister* m_pRegister = nullptr;  ///< The job's; null: not used.
+    std::unique_ptr<TMovesLogger> m_pLogger;  ///< Null unless moves are logged.
+    /// Why the last answer was doubtful, for the log: the number of a heuristic, or of a pass.
+    int m_doubtfulReason = 0;
 
     // Moves handed to this thread in place of a node's own list; the node takes them and clears them.
     int m_presetMoveCount = 0;

@@ -1,17 +1,19 @@
 // White to move: one move that mates against everything is enough. The steps stand in a fixed order:
 // registers, leaf, memory, moves in stages, the loop over them, and what to tell when it is over.
 
-#include "chess/castling.h"
 #include "chess/evasions.h"
 #include "chess/generate_moves.h"
 #include "chess/lines.h"
 #include "chess/make_move.h"
 #include "chess/mate_in_one.h"
+#include "engine/jobs/moves_logger.h"
 #include "engine/ordering/white_order.h"
 #include "engine/search/engine_state.h"
 #include "engine/search/find_mate.h"
+#include "engine/search/known_positions.h"
 #include "engine/search/node_hooks.h"
 #include "engine/search/repetition.h"
+#include "engine/threads/multithreading_level.h"
 
 namespace tarnwick {
 namespace {
@@ -27,13 +29,16 @@ enum class TNodeStep : std::uint8_t {
     Leave
 };
 
-/// A white node at work.
+/// A white node at work. The twin that logs is another type, so that the log costs nothing when off.
+template <bool bLogger>
 struct TWhiteNode {
+    static constexpr bool Logs = bLogger;
+
     TChessboard& board;
     TThreadContext& thread;
     int plies;
-    bool bPreset;        ///< Sees only a slice of White's moves: nothing may be stored.
-    bool bRememberable;  ///< Its men describe it, and nothing else shapes its answer.
+    bool bPreset;   ///< Sees only a slice of White's moves: nothing may be stored.
+    TKnowable may;  ///< Where its answer may be stored.
     int doubtful = 0;
     int repetitions = 0;
     int index = 0;  ///< Moves tried, over all batches.
@@ -80,15 +85,17 @@ bool IsCutInFirstPass(const TChessboard& board, const TChessboard& child, TMove 
            (child.m_heuristicFlags.HasAny(HeuristicsWithScreens) && IsScreenedOut(child));
 }
 
+template <bool bLogger>
 TNodeResult SearchReply(TChessboard& child) {
     if (const auto answer = SearchOnThreadLevel(child)) {
         return *answer;
     }
-    return FindMateBlackToMove(child);
+    return bLogger ? FindMateBlackToMoveLogged(child) : FindMateBlackToMove(child);
 }
 
 /// One move: made, asked for repetition, answered by the black node.
-TNodeStep SearchMove(TWhiteNode& node, TMove move) {
+template <class TNode>
+TNodeStep SearchMove(TNode& node, TMove move) {
     if (MustLeave(node.thread)) {
         return TNodeStep::Leave;
     }
@@ -106,7 +113,13 @@ TNodeStep SearchMove(TWhiteNode& node, TMove move) {
     }
     node.thread.m_plies[static_cast<std::size_t>(node.plies)].moveIndex =
         static_cast<std::uint16_t>(node.index++);
-    const TNodeResult result = SearchReply(*child);
+    if constexpr (TNode::Logs) {
+        node.thread.m_pLogger->LogMove(*child);
+    }
+    const TNodeResult result = SearchReply<TNode::Logs>(*child);
+    if constexpr (TNode::Logs) {
+        node.thread.m_pLogger->LogResult(*child, result);
+    }
     if (result == ResultMate) {
         node.mate = move;
         return TNodeStep::Mate;
@@ -122,11 +135,13 @@ TNodeStep SearchMove(TWhiteNode& node, TMove move) {
     return TNodeStep::GoOn;
 }
 
-bool WasTried(const TWhiteNode& node, TMove move) {
+template <class TNode>
+bool WasTried(const TNode& node, TMove move) {
     return move.SameAs(node.tried[0]) || move.SameAs(node.tried[1]);
 }
 
-TNodeStep SearchList(TWhiteNode& node, const TMove* pMoves, int count) {
+template <class TNode>
+TNodeStep SearchList(TNode& node, const TMove* pMoves, int count) {
     TPlyState& state = node.thread.m_plies[static_cast<std::size_t>(node.plies)];
     state.pMoves = pMoves;
     state.moveCount = static_cast<std::uint16_t>(count);
@@ -143,7 +158,8 @@ TNodeStep SearchList(TWhiteNode& node, const TMove* pMoves, int count) {
 }
 
 /// What mated here or in a like position, before any list is made.
-TNodeStep SearchHints(TWhiteNode& node) {
+template <class TNode>
+TNodeStep SearchHints(TNode& node) {
     const auto hints = node.thread.m_hints.For(node.board);
     for (std::size_t i = 0; i < hints.size(); ++i) {
         if (!IsPossibleWhiteHint(node.board, hints[i]) || WasTried(node, hints[i])) {
@@ -159,7 +175,8 @@ TNodeStep SearchHints(TWhiteNode& node) {
 }
 
 /// One figure's moves at a time: a mate found by the first figures saves making the rest.
-TNodeStep SearchByFigures(TWhiteNode& node) {
+template <class TNode>
+TNodeStep SearchByFigures(TNode& node) {
     for (TFieldSet men = node.board.m_whiteMen; men != 0;) {
         TMove moves[MaxMovesOfMan];
         const int count = GenerateWhiteMoves(node.board, PopLowest(men), moves);
@@ -173,15 +190,44 @@ TNodeStep SearchByFigures(TWhiteNode& node) {
 
 /// The first levels of a search may be spread over threads, away from the leaves and from lists that are
 /// not the whole truth.
-bool MayUseThreads(const TWhiteNode& node) {
+template <class TNode>
+bool MayUseThreads(const TNode& node) {
     const TChessboard& board = node.board;
-    return board.m_shPlies != board.m_shRootPlies && node.thread.m_quickerMateNesting == 0 &&
-           !node.thread.m_bQuickerMateOff && node.thread.m_shAlternateFrom == NoAlternate &&
+    const int movesPlayed = (board.m_shRootPlies - board.m_shPlies) / 2;
+    return movesPlayed > 0 && movesPlayed < node.thread.m_task.m_multithreadingLevels &&
+           node.thread.m_quickerMateNesting == 0 && !node.thread.m_bQuickerMateOff &&
+           node.thread.m_shAlternateFrom == NoAlternate &&
            (node.plies >= 13 ||
             (node.plies >= 11 && board.m_searchFlags.Has(TSearchFlag::FewFigures)));
 }
 
-TNodeStep SearchSorted(TWhiteNode& node, TSort sort) {
+/// Hints have been searched before the list was made: threads need not do so again.
+template <class TNode>
+int WithoutTried(const TNode& node, TMove* pMoves, int count) {
+    return static_cast<int>(
+        std::remove_if(pMoves, pMoves + count, [&](TMove move) { return WasTried(node, move); }) -
+        pMoves);
+}
+
+template <class TNode>
+TNodeStep TakeAnswerOfThreads(TNode& node, TNodeResult answer) {
+    auto& limits = node.thread.m_repetitionLimit;
+    const auto ply = static_cast<std::size_t>(node.plies);
+    if (answer == ResultMate) {
+        node.mate = node.thread.m_mateOfSlice;
+        return TNodeStep::Mate;
+    }
+    if (answer == ResultDoubtful) {
+        ++node.doubtful;
+    } else if (IsRepetitionOrLower(answer)) {
+        limits[ply] = std::max(limits[ply], limits[ply - 1]);
+        ++node.repetitions;
+    }
+    return TNodeStep::GoOn;
+}
+
+template <class TNode>
+TNodeStep SearchSorted(TNode& node, TSort sort) {
     TMove moves[MaxMovesOfSide];
     int count = node.board.m_whiteChecker != NoChecker ? GenerateWhiteEvasions(node.board, moves)
                                                        : GenerateAllWhiteMoves(node.board, moves);
@@ -191,21 +237,27 @@ TNodeStep SearchSorted(TWhiteNode& node, TSort sort) {
         node.mate = moves[0];
         return TNodeStep::Mate;
     }
-    if (count > 1 && MayUseThreads(node)) {
-        if (const auto answer = NextMultithreadingLevel(node.board, moves, count)) {
-            return *answer == ResultMate ? TNodeStep::Mate : TNodeStep::GoOn;
+    if (MayUseThreads(node)) {
+        count = WithoutTried(node, moves, count);
+        if (count > 1) {
+            if (const auto answer =
+                    NextMultithreadingLevel(node.board, count, moves, TNode::Logs)) {
+                return TakeAnswerOfThreads(node, *answer);
+            }
         }
     }
     return SearchList(node, moves, count);
 }
 
-TNodeStep SearchEvasions(TWhiteNode& node) {
+template <class TNode>
+TNodeStep SearchEvasions(TNode& node) {
     TMove moves[MaxMovesOfSide];
     const int count = GenerateWhiteEvasions(node.board, moves);
     return SearchList(node, moves, count);
 }
 
-TNodeStep SearchPreset(TWhiteNode& node) {
+template <class TNode>
+TNodeStep SearchPreset(TNode& node) {
     const TMove* pMoves = node.thread.m_pPresetMoveList;
     const int count = node.thread.m_presetMoveCount;
     node.thread.m_presetMoveCount = 0;
@@ -213,7 +265,8 @@ TNodeStep SearchPreset(TWhiteNode& node) {
 }
 
 /// A heuristic's short list; nothing when it has none. Moves left out make the node doubtful.
-std::optional<TNodeStep> SearchHeuristicMoves(TWhiteNode& node) {
+template <class TNode>
+std::optional<TNodeStep> SearchHeuristicMoves(TNode& node) {
     if (!node.board.m_heuristicFlags.HasAny(HeuristicsWithGenerators)) {
         return std::nullopt;
     }
@@ -227,7 +280,8 @@ std::optional<TNodeStep> SearchHeuristicMoves(TWhiteNode& node) {
     return SearchList(node, moves, count);
 }
 
-TNodeStep SearchAllMoves(TWhiteNode& node) {
+template <class TNode>
+TNodeStep SearchAllMoves(TNode& node) {
     if (node.bPreset) {
         return SearchPreset(node);
     }
@@ -244,48 +298,39 @@ TNodeStep SearchAllMoves(TWhiteNode& node) {
     return node.board.m_whiteChecker != NoChecker ? SearchEvasions(node) : SearchByFigures(node);
 }
 
-/// Only answers that depend on the men alone may be remembered.
-bool IsRememberable(const TChessboard& board) {
-    return board.m_heuristicFlags.Raw() == 0 && (board.m_captureState & OneColourMask) == 0 &&
-           IsPositionFullyDescribed(board);
-}
-
-TNodeResult FinishWithMate(TWhiteNode& node) {
+template <class TNode>
+TNodeResult FinishWithMate(TNode& node) {
     const TMove last = node.board.m_lastMove;
-    node.thread.m_bMateCapturedPromotion =
+    TThreadContext& thread = node.thread;
+    thread.m_bMateCapturedPromotion =
         last.PromotionType() != 0 && node.mate.to == last.to && !last.IsPass();
-    node.thread.m_hints.Note(node.board, node.mate);
-    if (node.bRememberable) {
-        node.thread.m_memory.StoreMate(node.board, node.plies, node.mate);
-    }
+    thread.m_hints.Note(node.board, node.mate);
+    thread.m_mateOfSlice = node.mate;
     if (!node.bPreset) {
-        const int additional =
-            node.thread.m_bUsedAdditionalMoves ? 2 * node.thread.m_additionalMoves : 0;
-        TellTemporaryRegister(node.board, node.plies + additional, ResultMate);
+        const int additional = thread.m_bUsedAdditionalMoves ? 2 * thread.m_additionalMoves : 0;
+        StoreKnownMate(node.board, node.may, node.plies + additional, node.mate);
     }
     return ResultMate;
 }
 
-TNodeResult FinishWithoutMate(TWhiteNode& node) {
+template <class TNode>
+TNodeResult FinishWithoutMate(TNode& node) {
     const auto limit = node.thread.m_repetitionLimit[static_cast<std::size_t>(node.plies)];
     if (!node.thread.m_task.m_bSafeMode) {
         if (node.repetitions > 0) {
             return ResultRepetition;
         }
-        if (node.doubtful > 0) {
-            return ResultDoubtful;
-        }
     } else if (limit > node.plies) {
         return ResultRepetition;
     }
     if (node.doubtful == 0 && limit == 0) {
-        if (node.bRememberable) {
-            node.thread.m_memory.StoreNoMate(node.board, node.plies);
-        }
         if (!node.bPreset) {
-            TellTemporaryRegister(node.board, node.plies, ResultNoMate);
+            StoreKnownNoMate(node.board, node.may);
         }
         return ResultNoMate;
+    }
+    if (node.doubtful > 0 && !node.bPreset) {
+        StoreKnownDoubtful(node.board, node.may);
     }
     return node.doubtful > 0 || node.board.m_heuristicFlags.Raw() != 0 ? ResultDoubtful
                                                                        : ResultNoMate;
@@ -315,9 +360,28 @@ std::optional<TNodeResult> AnswerBeforeMoves(TChessboard& board) {
     return std::nullopt;
 }
 
-}  // namespace
+/// What the stores answer for the node; nothing if the search has to.
+std::optional<TNodeResult> AskKnown(TChessboard& board, TKnowable may) {
+    TThreadContext& thread = Thread(board);
+    switch (FindKnown(board, may)) {
+        case TRegisterResult::Mate:
+            thread.m_bMateCapturedPromotion = false;
+            return ResultMate;
+        case TRegisterResult::QuickerMate:
+            thread.m_bMateCapturedPromotion = false;
+            thread.m_bUsedAdditionalMoves = true;
+            return ResultMate;
+        case TRegisterResult::NoMate:
+            return ResultNoMate;
+        case TRegisterResult::NoMateUnderHeuristics:
+            return board.m_pass < 2 ? std::optional(ResultDoubtful) : std::nullopt;
+        default:
+            return std::nullopt;
+    }
+}
 
-TNodeResult FindMateWhiteToMove(TChessboard& board, bool bConsultRegisters) noexcept {
+template <bool bLogger>
+TNodeResult RunWhiteNode(TChessboard& board, bool bConsultRegisters) {
     TThreadContext& thread = Thread(board);
     const int plies = board.m_shPlies;
     const bool bPreset = thread.m_presetMoveCount != 0;
@@ -326,13 +390,17 @@ TNodeResult FindMateWhiteToMove(TChessboard& board, bool bConsultRegisters) noex
             return *answer;
         }
     }
-    if (bConsultRegisters && board.m_shRootPlies > 9 && plies >= 3) {
-        if (const auto answer = AskTemporaryRegister(board)) {
-            return *answer;
+    TKnowable may;
+    if (plies >= LeastRegisterPlies || thread.m_additionalMoves > 0) {
+        may = WhatMayBeKnown(board);
+        if (bConsultRegisters) {
+            if (const auto answer = AskKnown(board, may)) {
+                return *answer;
+            }
         }
     }
     if (plies < 4) {
-        CountNode(thread);
+        CountNode(thread, board);
     }
     if (plies == 1) {
         thread.m_bMateCapturedPromotion = false;
@@ -341,21 +409,8 @@ TNodeResult FindMateWhiteToMove(TChessboard& board, bool bConsultRegisters) noex
     if (const auto answer = AnswerBeforeMoves(board)) {
         return *answer;
     }
-    TWhiteNode node{.board = board,
-                    .thread = thread,
-                    .plies = plies,
-                    .bPreset = bPreset,
-                    .bRememberable = !bPreset && IsRememberable(board)};
-    if (node.bRememberable) {
-        const TRegisterAnswer answer = thread.m_memory.Find(board, plies);
-        if (answer == TRegisterAnswer::Mate) {
-            thread.m_bMateCapturedPromotion = false;
-            return ResultMate;
-        }
-        if (answer == TRegisterAnswer::NoMate) {
-            return ResultNoMate;
-        }
-    }
+    TWhiteNode<bLogger> node{
+        .board = board, .thread = thread, .plies = plies, .bPreset = bPreset, .may = may};
     if (SearchAllMoves(node) == TNodeStep::Mate) {
         return FinishWithMate(node);
     }
@@ -363,6 +418,16 @@ TNodeResult FindMateWhiteToMove(TChessboard& board, bool bConsultRegisters) noex
         return ResultNoMate;
     }
     return FinishWithoutMate(node);
+}
+
+}  // namespace
+
+TNodeResult FindMateWhiteToMove(TChessboard& board, bool bConsultRegisters) noexcept {
+    return RunWhiteNode<false>(board, bConsultRegisters);
+}
+
+TNodeResult FindMateWhiteToMoveLogged(TChessboard& board, bool bConsultRegisters) noexcept {
+    return RunWhiteNode<true>(board, bConsultRegisters);
 }
 
 }  // namespace tarnwick

@@ -1,0 +1,40 @@
+#pragma once
+// The threads of a job's root: they share one list of first moves, from which each takes the next open
+// one when it is free. With one thread the caller's own does the work.
+
+#include <condition_variable>
+#include <memory>
+#include <vector>
+
+#include "engine/jobs/root_search.h"
+
+namespace tarnwick {
+
+class TRootThreads {
+  public:
+    /// As many threads as the job wants and first moves can occupy. Throws ChessException "Out of
+    /// memory." when their contexts cannot be had.
+    explicit TRootThreads(TRootSearch& search);
+    ~TRootThreads();
+    TRootThreads(const TRootThreads&) = delete;
+    TRootThreads& operator=(const TRootThreads&) = delete;
+
+    /// Runs one pass to its end: all moves tried, a stop rule met or a stop.
+    void RunPass(int pass);
+
+  private:
+    void RunAlone(int pass);
+    void RunTogether(int pass);
+    void ThreadBody(TThreadContext& thread, int pass) noexcept;
+    void WaitForAll();
+    void TellWaiting();
+
+    TRootSearch& m_search;
+    std::vector<std::unique_ptr<TThreadContext>> m_contexts;  ///< Empty with one thread.
+    std::mutex m_lock;
+    std::condition_variable m_ended;
+    std::size_t m_running = 0;  ///< Threads of this pass that have not ended.
+    int m_secondsWaited = 0;
+};
+
+}  // namespace tarnwick

@@ -1,0 +1,34 @@
+#include "engine/search/thread_context.h"
+
+#include "engine/jobs/moves_logger.h"
+
+namespace tarnwick {
+
+TThreadContext::TThreadContext(TSolveTask& task, std::size_t memoryMiB)
+    : m_task(task), m_memory(memoryMiB) {}
+
+TThreadContext::~TThreadContext() = default;
+
+void TThreadContext::StartAsChildOf(const TThreadContext& parent, std::uint16_t number) {
+    m_shThreadNumber = number;
+    m_threadsPerLevel = parent.m_threadsPerLevel;
+    m_pRegister = parent.m_pRegister;
+    m_pRootBoard = parent.m_pRootBoard;
+    m_pHooks = parent.m_pHooks;
+    m_whiteCaptured = parent.m_whiteCaptured;
+    m_blackCaptured = parent.m_blackCaptured;
+    m_currentFirstMove = parent.m_currentFirstMove;
+    m_shAlternateFrom = NoAlternate;
+    m_repetitionLimit.fill(0);
+    m_plies = parent.m_plies;
+    m_pauseFlag.store(0, std::memory_order_relaxed);
+    m_outsideStops = 0;
+    m_quickerMateNesting = 0;
+    m_additionalMoves = 0;
+    m_additionalMovesSoFar = 0;
+    m_bUsedAdditionalMoves = false;
+    m_bQuickerMateOff = parent.m_bQuickerMateOff;
+    m_bMateCapturedPromotion = false;
+}
+
+}  // namespace tarnwick
