@@ -27,7 +27,9 @@ constexpr const char* StatusHelp =
     "  0  every problem got an answer, each with a mate\n"
     "  1  at least one problem has no mate\n"
     "  2  wrong usage\n"
-    "  3  some input could not be read, or a problem was refused; what could be read was solved\n"
+    "  3  some input could not be read, a file not be written, or a problem was refused; what "
+    "could\n"
+    "     be read was solved\n"
     "  4  stopped by a limit or by Ctrl-C\n"
     "  5  an internal error\n"
     "When several hold, the order is 5, 2, 3, 4, 1.\n";
@@ -199,6 +201,8 @@ void CCommandLine::AddSolve() {
         ->add_flag_callback(
             "--safe", [] {}, "Prove what is said, which is the default")
         ->excludes(quick);
+    solve->add_flag("--no-scout", m_solve.bNoScout,
+                    "Search all moves at once, without a try for a mate by force before");
     AddSolveFiles(*solve);
     solve->add_flag("--brief", m_solve.bBrief, "One line for each problem, without its picture");
     solve->add_flag("--json", m_solve.bJson,

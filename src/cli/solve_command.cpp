@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 #include <optional>
 #include <string_view>
 
@@ -60,6 +61,18 @@ void SetThreads(TEngineOptions& options, const std::string& text) {
     options.multithreadingLevels = static_cast<std::uint8_t>(typed.levels);
 }
 
+/// The problem's own wish as the command line would write it; empty if it has none that makes sense.
+std::string ThreadsOf(const TChessProblem& problem) {
+    if (problem.m_threads == ThreadsNotGiven) {
+        return "";
+    }
+    std::string text = std::to_string(problem.m_threads);
+    if (problem.m_threadsAux != ThreadsNotGiven) {
+        text += "^" + std::to_string(problem.m_threadsAux);
+    }
+    return ThreadsFault(text).empty() ? text : "";
+}
+
 void SetMemory(TEngineOptions& options, std::string_view text) {
     if (text.ends_with('%')) {
         options.memoryPercent = *WholeNumber(text.substr(0, text.size() - 1));
@@ -85,9 +98,10 @@ TEngineOptions OptionsFor(const TChessProblem& problem, const TSolveArguments& a
     options.bStopOn3Sol = !arguments.bAll && bStopOn3Sol;
     options.timeLimitMs = LimitMs(arguments.seconds);
     options.nodeLimit = arguments.nodes;
-    options.bQuickMode = arguments.bQuick;
-    SetThreads(options, arguments.threads);
+    options.bQuickMode = arguments.bQuick && !problem.m_shOptions.Has(TProblemOption::SafeMode);
+    SetThreads(options, arguments.threads.empty() ? ThreadsOf(problem) : arguments.threads);
     SetMemory(options, arguments.memory);
+    options.bScout = !arguments.bNoScout;
     options.bLogMoves = !arguments.logFolder.empty();
     options.logFolder = arguments.logFolder;
     return options;
@@ -110,7 +124,7 @@ std::string StopMessage(const TSolveTask& task, std::uint64_t elapsedMs) {
 
 /// One problem of this command with the files that belong to it.
 TSolveResult SolveDirectMate(const TInputProblem& input, const TSolveArguments& arguments,
-                             const TEngineOptions& options, CConsoleDialog& dialog) {
+                             const TEngineOptions& options, CConsoleDialog& dialog, bool* pbSaved) {
     const TChessboard& board = *input.pProblem->m_pBoard;
     const int moves = MovesOfStipulation(*input.pProblem);
     TSolveTask task;
@@ -128,8 +142,9 @@ TSolveResult SolveDirectMate(const TInputProblem& input, const TSolveArguments& 
                                     ProblemName(input) + ", #" + std::to_string(moves));
         result = StartSolving(task, board, moves);
     }
-    file.SaveAtEnd();
-    solved.SaveAtEnd();
+    const bool bRegisterSaved = file.SaveAtEnd();
+    const bool bAnswerSaved = solved.SaveAtEnd();
+    *pbSaved = bRegisterSaved && bAnswerSaved;
     if (result.status == TSolveStatus::Stopped && result.message.empty()) {
         result.message = StopMessage(task, result.elapsedMs);
     }
@@ -144,7 +159,7 @@ TSolvedProblem SolveProblem(const TInputProblem& input, const TSolveArguments& a
     solved.pInput = &input;
     solved.bAll = options.bAllSolutions;
     if (AsksForMate(problem)) {
-        solved.result = SolveDirectMate(input, arguments, options, dialog);
+        solved.result = SolveDirectMate(input, arguments, options, dialog, &solved.bSaved);
     } else if (problem.m_type == TProblemType::SelfMate) {
         solved.result = Refused("self-mates are not solved");
     } else {
@@ -181,6 +196,15 @@ void TellUntried(std::size_t count, CConsoleDialog& dialog) {
     }
 }
 
+/// Throws ChessException if there is none and none can be made.
+void MakeFolder(const std::filesystem::path& folder) {
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error) {
+        throw ChessException(folder.string() + ": " + error.message());
+    }
+}
+
 /// A register belongs to one problem.
 bool IsRegisterOfManyProblems(const TSolveArguments& arguments, const TProblemInput& input,
                               CConsoleDialog& dialog) {
@@ -198,9 +222,9 @@ std::string ThreadsFault(const std::string& text) {
     if (!typed) {
         return "must be threads, or threads^levels, from 1 to 64 each, like 4 or 4^2";
     }
-    TEngineOptions options;
-    SetThreads(options, text);
-    return MostThreads(options) > MostThreadsAtOnce ? UserText(TooManyThreadsText) : "";
+    return MostThreads(typed->threads, typed->levels) > MostThreadsAtOnce
+               ? UserText(TooManyThreadsText)
+               : "";
 }
 
 std::string MemoryFault(const std::string& text) {
@@ -214,6 +238,9 @@ std::string MemoryFault(const std::string& text) {
 
 TExitStatus RunSolve(const TSolveArguments& arguments, TConsole& console) {
     const CIdList ids = CIdList::Parse(arguments.ids);
+    if (!arguments.logFolder.empty()) {
+        MakeFolder(arguments.logFolder);
+    }
     TProblemInput input = ReadInput(arguments);
     TellRemarks(input, console.dialog);
     TExitStatus status = input.HasFault() ? TExitStatus::Unreadable : TExitStatus::Success;

@@ -21,6 +21,7 @@ struct TSolveArguments {
     std::string threads;      ///< "T" or "T^L"; empty: one for each core.
     std::string memory;       ///< "MIB" or "P%"; empty: the engine's default.
     bool bQuick = false;
+    bool bNoScout = false;
     std::string registerFile;       ///< To load before and to save after; empty: none.
     double checkpointMinutes = 0;   ///< Between saves while solving; 0: none.
     std::uint64_t registerMiB = 0;  ///< Largest size of that file before packing; 0: any.

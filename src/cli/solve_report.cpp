@@ -211,6 +211,9 @@ void CSolveSummary::Add(const TSolvedProblem& solved) {
         m_differ.push_back(Record(solved).m_id);
     }
     m_status = WorseOf(m_status, StatusOf(solved.result));
+    if (!solved.bSaved) {
+        m_status = WorseOf(m_status, TExitStatus::Unreadable);
+    }
 }
 
 std::uint64_t CSolveSummary::Count() const {

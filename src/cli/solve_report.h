@@ -19,6 +19,7 @@ struct TSolvedProblem {
     bool bAll = false;    ///< All keys were asked for.
     TSolveResult result;  ///< Its message holds a text also for a stop by the user or a limit.
     TAnswerCheck answers;
+    bool bSaved = true;  ///< What was to be kept in files is there.
 };
 
 /// "mate in 4", "self-mate in 3"; empty for a position that asks for nothing.

@@ -18,19 +18,29 @@ CSolvedFolder::CSolvedFolder(const std::string& folder, const TChessboard& board
         throw ChessException(m_path.string() + ": " + error.message());
     }
     m_pFiles = std::make_unique<CSolvedProblemFiles>(m_path);
-    task.m_resultsCache = std::make_shared<TChessboardRegister<bool>>();
-    task.m_resultsCache->UpdateLimits(RegisterLimitsFor(task.m_options));
-    task.m_resultsCache->SetFiles(m_pFiles.get());
-    task.m_resultsCache->SetRootPosition(board);
+    auto cache = std::make_shared<TChessboardRegister<bool>>();
+    cache->UpdateLimits(RegisterLimitsFor(task.m_options));
+    cache->SetFiles(m_pFiles.get());
+    try {
+        cache->SetRootPosition(board);
+        task.m_resultsCache = cache;
+    } catch (const ChessException& contradiction) {
+        m_dialog.Tell(m_path.string() + ": " + contradiction.what() +
+                      "\nThe folder is not used for this problem");
+        m_pFiles = nullptr;
+    }
 }
 
-void CSolvedFolder::SaveAtEnd() {
+bool CSolvedFolder::SaveAtEnd() {
     if (m_pFiles == nullptr || m_task.m_resultsCache->Answers().empty()) {
-        return;
+        return true;
     }
-    if (!m_pFiles->SaveSummary(*m_task.m_resultsCache)) {
+    const bool bSummary = m_pFiles->SaveSummary(*m_task.m_resultsCache);
+    if (!bSummary || m_pFiles->HasLostAnswers()) {
         m_dialog.Tell("The answer could not be kept in " + m_path.string());
+        return false;
     }
+    return true;
 }
 
 }  // namespace tarnwick

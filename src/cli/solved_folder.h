@@ -15,12 +15,13 @@ namespace tarnwick {
 class CSolvedFolder {
   public:
     /// Gives the job what the folder knows of the problem. The folder is made if it is missing. With an
-    /// empty name all operations do nothing.
+    /// empty name, or for a problem whose files contradict themselves, which the user is told, all
+    /// operations do nothing. Throws ChessException if the folder cannot be made.
     CSolvedFolder(const std::string& folder, const TChessboard& board, TSolveTask& task,
                   CConsoleDialog& dialog);
 
-    /// After the job: writes what it found out. Tells the user when it cannot.
-    void SaveAtEnd();
+    /// After the job: writes what it found out. False, after a word to the user, if it cannot.
+    bool SaveAtEnd();
 
   private:
     std::filesystem::path m_path;

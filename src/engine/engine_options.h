@@ -33,6 +33,8 @@ struct TEngineOptions {
     /// tests that want to see it at work on positions that a slow solver can judge.
     bool bRegisterAlways = false;
 
+    bool bScout = true;  ///< Try for one mate by proof numbers before the full search.
+
     bool bCheckRegisterCoherency =
         true;                       ///< Tell about contradictions in the register (safe mode).
     bool bRegisterInfoLog = false;  ///< Write registerInfo.log.

@@ -163,7 +163,8 @@ bool CSolvedProblemFiles::SaveAnswers(const TRegister& source) {
         }
     }
     const fs::path path = PathIn(m_folder, SolvedProblemName(source.RootId()));
-    return TryToSave(path, content, TBackup::Keep) && count < MostAnswers;
+    m_bLostAnswers = !TryToSave(path, content, TBackup::Keep) || count >= MostAnswers;
+    return !m_bLostAnswers;
 }
 
 bool CSolvedProblemFiles::SaveSummary(const TRegister& source) {

@@ -35,9 +35,12 @@ class CSolvedProblemFiles final : public TRegisterFiles {
     bool SaveAnswers(const TChessboardRegister<bool>& source) override;
     /// Writes the summary. False if that failed.
     bool SaveSummary(const TChessboardRegister<bool>& source);
+    /// The last SaveAnswers failed: an insert, which calls it, does not tell.
+    bool HasLostAnswers() const { return m_bLostAnswers; }
 
   private:
     std::filesystem::path m_folder;
+    bool m_bLostAnswers = false;
 };
 
 }  // namespace tarnwick

@@ -6,8 +6,9 @@
 //   section    12 bytes: 32 bits all set, then the 64-bit key of a layer (0: the exact one)
 //   position   68 bytes: First and Second (16 bits each), then the 64 figure codes
 // A position with First and Second of 65535 cannot exist, which tells the two apart. The stream may be
-// packed as a whole (lz4_block.h). Sections come again for each number of plies. Records with the greatest numbers of plies come first: they cost the most
-// to find again, so what a size limit cuts off is the cheapest.
+// packed as a whole (lz4_block.h). Sections come again for each number of plies. Records with the greatest
+// numbers of plies come first: they cost the most to find again, so what a size limit cuts off is the
+// cheapest.
 //
 // One thread. The register's own locks are taken, so a search may go on beside; the file of a running
 // search holds records of different moments, each of them true.
@@ -41,7 +42,8 @@ struct TTmpRegisterSaved {
 /// Saves the register of a problem of so many plies; records of more plies are left out.
 ///
 /// The file is replaced in one step when all of it stands on the disk (atomic_file.h). A stream that may
-/// reach 4 GiB is written plain whatever bCompress says, as the head of a packed file has no room for its size.
+/// reach 4 GiB is written plain whatever bCompress says, as the head of a packed file has no room for its
+/// size.
 /// Throws ChessException if it cannot be written, naming the operation, the file and the reason; the old
 /// file is then as it was.
 TTmpRegisterSaved SaveTmpRegister(const TAggregatedTemporaryChessboardRegister& source,
@@ -66,12 +68,13 @@ struct TTmpRegisterLoaded {
     }
 
     bool bStopped = false;
-    std::uint64_t records = 0;  ///< Given to the register.
+    std::uint64_t records = 0;    ///< Given to the register.
+    std::uint16_t mostPlies = 0;  ///< Greatest number of plies among them.
     /// Whole records that no search can have stored: unknown figure codes, not one king a side, more
     /// than 600 plies, or of too many layers. They were skipped.
     std::uint64_t refused = 0;
-    std::uint64_t lost =
-        0;  ///< Missing behind the fault that ended the reading, as far as is known.
+    /// Missing behind the fault that ended the reading, as far as is known.
+    std::uint64_t lost = 0;
     /// Where in the stream (before packing) the first refused or lost record stands.
     std::optional<std::uint64_t> firstFaultOffset;
     /// The register was full at some time: it dropped records of few plies, perhaps of this file.

@@ -30,6 +30,7 @@ constexpr const char* ScratchName = "UncompressedTmpRegLoadData.tmpReg";
 /// Each layer has a table of megabytes, and 12 bytes of a hostile file are enough to ask for one. A job
 /// has a layer for each set of heuristics that a pass used: some dozens.
 constexpr std::size_t MostLayers = 1024;
+
 /// Passes an unpacked stream on and keeps a copy of it in a file, as long as that can be written.
 class CCopyingSource final : public TByteSource {
   public:
@@ -206,6 +207,7 @@ class CLoader {
             StoreNumber(values.m_second, position, hash, false);
         }
         ++m_loaded.records;
+        m_loaded.mostPlies = std::max({m_loaded.mostPlies, values.m_first, values.m_second});
         m_loaded.bRegisterFull =
             m_loaded.bRegisterFull || m_target.ElementCount() >= m_target.MaxElements();
     }

@@ -97,6 +97,7 @@ std::string LogOf(const CTempFolder& folder, const char* name, int threads) {
     task.m_options.bLogMoves = true;
     task.m_options.logFolder = folder.Path();
     task.m_options.threads = static_cast<std::uint16_t>(threads);
+    task.m_options.bScout = false;  // its moves are no line of play
     task.m_problemNumber = 7;
     StartSolving(task, BoardOf(QueenFen), 6);
     return ReadBytes(folder / name);

@@ -28,6 +28,7 @@ TEngineOptions WithThreads(int threads, int levels, bool bAll) {
     options.threads = static_cast<std::uint16_t>(threads);
     options.multithreadingLevels = static_cast<std::uint8_t>(levels);
     options.positionMemoryMiB = 1;
+    options.bScout = false;  // it would leave nothing for the threads to do
     return options;
 }
 
@@ -74,7 +75,7 @@ std::vector<std::uint32_t> AllNumbers(int width, int levels) {
 
 TEST(ThreadNumbers, AreUniqueOverAllLevels) {
     for (int width = 2; width <= 8; ++width) {
-        std::vector<std::uint32_t> numbers = AllNumbers(width, 3);
+        std::vector<std::uint32_t> numbers = AllNumbers(width, width < 5 ? 5 : 3);
         const std::set<std::uint32_t> distinct(numbers.begin(), numbers.end());
         EXPECT_EQ(distinct.size(), numbers.size()) << width;
     }
@@ -202,6 +203,7 @@ class CMistreatedJob {
         m_task.m_options.bRegisterAlways = true;
         m_task.m_options.bQuickMode = Below(4) == 0;
         m_task.m_options.memoryMiB = 64;
+        m_task.m_options.bScout = Below(2) == 0;
         m_board = BoardOf(problem.fen);
         m_moves = problem.moves;
         m_result = std::async(std::launch::async,

@@ -117,6 +117,7 @@ TEST(GivenRegister, AnswersARunAgain) {
     const TChessboard board = BoardOf("2k5/1pPp4/1P1P1P2/5P2/P5p1/6N1/5Bp1/Q5K1");
     TSolveTask first;
     first.m_options.bAllSolutions = true;
+    first.m_options.bScout = false;
     const TSolveResult want = StartSolving(first, board, 8);
     TSolveTask second;
     second.m_options = first.m_options;

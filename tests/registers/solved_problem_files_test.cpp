@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/chess_exception.h"
 #include "base/little_endian.h"
 
 #include "chess/fen.h"
@@ -129,6 +130,34 @@ TEST_F(SolvedProblemFilesTest, DamagedRecordsAreSkipped) {
     EXPECT_EQ(CountAfterReload(), 1U);
 }
 
+TEST_F(SolvedProblemFilesTest, AnswersThatContradictEachOtherAreRefusedAndStayInTheFile) {
+    m_register.Insert(7, m_item, true, &m_move, true);
+    const fs::path path = PathOf(".cspdb");
+    const std::string mateIn7 = ReadBytes(path);
+    std::string noMateIn9 = mateIn7;
+    noMateIn9[64] = 9;
+    noMateIn9[72] = 0;
+    for (const std::string& content : {mateIn7 + noMateIn9, noMateIn9 + mateIn7}) {
+        WriteBytes(path, content);
+        TRegister target;
+        EXPECT_THROW(Open(target), ChessException);
+        EXPECT_TRUE(target.bRemoveDominated);
+        EXPECT_EQ(ReadBytes(path), content);
+    }
+}
+
+TEST_F(SolvedProblemFilesTest, AnswersLostInAnInsertAreToldUntilASaveHasThem) {
+    const fs::path folder = m_folder / "later";
+    CSolvedProblemFiles files(folder);
+    m_register.SetFiles(&files);
+    m_register.Insert(5, m_item, false, nullptr, true);
+    EXPECT_TRUE(files.HasLostAnswers());
+    fs::create_directory(folder);
+    m_register.Insert(7, m_item, true, &m_move, true);
+    EXPECT_FALSE(files.HasLostAnswers());
+    EXPECT_EQ(fs::file_size(fs::directory_iterator(folder)->path()), 2 * 76U);
+}
+
 TEST_F(SolvedProblemFilesTest, WritingStopsAtItsGreatestNumberOfRecords) {
     slow::CRandomPositions random(1);
     while (m_register.ElementCount() < CSolvedProblemFiles::MostAnswers - 1) {
@@ -140,6 +169,7 @@ TEST_F(SolvedProblemFilesTest, WritingStopsAtItsGreatestNumberOfRecords) {
         m_register.Insert(5, ItemOf(BoardOfFen(random.Next())), true, nullptr, false);
     }
     EXPECT_FALSE(m_files.SaveAnswers(m_register));
+    EXPECT_TRUE(m_files.HasLostAnswers());
     EXPECT_EQ(fs::file_size(PathOf(".cspdb")), 13797 * 76U);
 }
 

@@ -328,6 +328,24 @@ TEST(TmpRegisterFile, RefusesWhatCannotBeARecordAndGoesOn) {
     EXPECT_EQ(DumpOf(*pRegister).size(), 2U) << "numbers of 0 store nothing";
 }
 
+TEST(TmpRegisterFile, TheGreatestNumberOfPliesIsToldSoThatTheNextSaveKeepsAll) {
+    const CTempFolder folder;
+    const std::string exact = Section(0) + Record(3, 9, ItemOfFen(FenA));
+    const std::string doubtful = Section(Key) + Record(0, 21, ItemOfFen(FenC));
+    EXPECT_EQ(LoadBytes(folder, "").result.mostPlies, 0);
+    EXPECT_EQ(LoadBytes(folder, Section(0) + Record(11, 5, ItemOfFen(FenA))).result.mostPlies, 11);
+    EXPECT_EQ(LoadBytes(folder, exact).result.mostPlies, 9);
+    const auto [pRegister, result] =
+        LoadBytes(folder, doubtful + exact + Record(601, 0, ItemOfFen(FenB)));
+    EXPECT_EQ(result.mostPlies, 21) << "not that of the refused record";
+
+    Save(*pRegister, folder / "again.tmpReg", false, NoSizeLimit, result.mostPlies);
+    const auto pAgain = MakeRegister();
+    EXPECT_TRUE(Load(*pAgain, folder / "again.tmpReg").IsWhole());
+    EXPECT_EQ(DumpOf(*pAgain).size(), 2U);
+    EXPECT_TRUE(DumpOf(*pAgain) == DumpOf(*pRegister));
+}
+
 TEST(TmpRegisterFile, ManyLayersOfAHostileFileAreRefused) {
     const CTempFolder folder;
     std::string stream;

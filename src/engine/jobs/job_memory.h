@@ -16,10 +16,13 @@ TRegisterLimits RegisterLimitsFor(const TEngineOptions& options);
 /// MiB for the position memory of each thread, when so many threads can run at once.
 std::size_t PositionMemoryMiB(const TEngineOptions& options, int plies, std::uint64_t threads);
 
+/// MiB for the scout's table; 0: no memory for a scout.
+std::size_t ScoutTableMiB(const TEngineOptions& options);
+
 /// More are refused: their contexts alone would take gigabytes.
 inline constexpr std::uint64_t MostThreadsAtOnce = 4200;
 
 /// Most search threads that run at once: the root's, and those of each further level.
-std::uint64_t MostThreads(const TEngineOptions& options);
+std::uint64_t MostThreads(int threads, int levels);
 
 }  // namespace tarnwick

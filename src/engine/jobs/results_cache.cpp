@@ -3,8 +3,12 @@
 
 #include "engine/jobs/results_cache.h"
 
-#include "base/chess_exception.h"
+#include <algorithm>
+
 #include "base/little_endian.h"
+
+#include "chess/generate_moves.h"
+#include "chess/make_move.h"
 
 namespace tarnwick {
 namespace {
@@ -13,6 +17,19 @@ constexpr int SummaryPliesOffset = 4;
 
 std::uint16_t SummaryPlies(const TSolvedProblemSummary& summary) {
     return LoadLittleEndian<std::uint16_t>(summary.m_block.data() + SummaryPliesOffset);
+}
+
+/// Whether each is a move that White can make: a file may be damaged or of another hand.
+bool AreFirstMoves(const std::vector<TMove>& keys, TChessboard& root) {
+    TMove moves[MaxMovesOfSide];
+    const int count = GenerateAllWhiteMoves(root, moves);
+    return std::all_of(keys.begin(), keys.end(), [&](TMove key) {
+        const bool bGenerated =
+            std::any_of(moves, moves + count, [key](TMove move) { return move.SameAs(key); });
+        TChessboard child = root;
+        child.m_pPrevious = &root;
+        return bGenerated && MakeWhiteMove(child, key) != MoveRefused;
+    });
 }
 
 /// White's stored move at the root for these plies, if the register holds one.
@@ -31,8 +48,7 @@ std::optional<TMove> StoredKey(const TChessboardRegister<bool>& cache, const TCh
 
 }  // namespace
 
-std::optional<TSolveResult> FindInResultsCache(TChessboardRegister<bool>& cache,
-                                               const TChessboard& root,
+std::optional<TSolveResult> FindInResultsCache(TChessboardRegister<bool>& cache, TChessboard& root,
                                                const TEngineOptions& options) {
     TSolveResult result;
     result.bFromResultsCache = true;
@@ -50,7 +66,7 @@ std::optional<TSolveResult> FindInResultsCache(TChessboardRegister<bool>& cache,
     if (options.bAllSolutions) {
         const bool bAllKnown = summary.m_block[TSolvedProblemSummary::SolvedMovesByte] != 0 &&
                                SummaryPlies(summary) == root.m_shPlies && !summary.m_moves.empty();
-        if (!bAllKnown) {
+        if (!bAllKnown || !AreFirstMoves(summary.m_moves, root)) {
             return std::nullopt;
         }
         result.keys = summary.m_moves;
@@ -58,7 +74,7 @@ std::optional<TSolveResult> FindInResultsCache(TChessboardRegister<bool>& cache,
         return result;
     }
     const std::optional<TMove> key = StoredKey(cache, root);
-    if (!key) {
+    if (!key || !AreFirstMoves({*key}, root)) {
         return std::nullopt;
     }
     result.keys = {*key};
@@ -73,7 +89,9 @@ void StoreInResultsCache(TChessboardRegister<bool>& cache, const TChessboard& ro
         return;
     }
     TSolvedProblemSummary& summary = cache.Summary();
-    if (result.bComplete && !result.keys.empty()) {
+    cache.Insert(root.m_shPlies, ItemOf(root), !result.keys.empty(),
+                 result.keys.empty() ? nullptr : result.keys.data(), true);
+    if (result.bComplete && result.bSafeMode && !result.keys.empty()) {
         summary.m_moves = result.keys;
         summary.m_block[TSolvedProblemSummary::SolvedMovesByte] = 1;
         StoreLittleEndian(summary.m_block.data() + SummaryPliesOffset, root.m_shPlies);
@@ -83,8 +101,6 @@ void StoreInResultsCache(TChessboardRegister<bool>& cache, const TChessboard& ro
     if (!result.keys.empty()) {
         summary.m_block[TSolvedProblemSummary::SolvedByte] = 1;
     }
-    cache.Insert(root.m_shPlies, ItemOf(root), !result.keys.empty(),
-                 result.keys.empty() ? nullptr : result.keys.data(), true);
 }
 
 }  // namespace tarnwick

@@ -13,9 +13,8 @@ namespace tarnwick {
 inline constexpr int LeastCachedPlies = 13;
 
 /// The answer of an earlier run for these plies, if it is good enough: one key where one is wanted, all
-/// where all are.
-std::optional<TSolveResult> FindInResultsCache(TChessboardRegister<bool>& cache,
-                                               const TChessboard& root,
+/// where all are. The root must be prepared.
+std::optional<TSolveResult> FindInResultsCache(TChessboardRegister<bool>& cache, TChessboard& root,
                                                const TEngineOptions& options);
 
 /// Takes in a finished run of a problem of at least LeastCachedPlies. Stopped ones and answers without

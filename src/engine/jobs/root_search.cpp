@@ -10,6 +10,7 @@
 #include "chess/make_move.h"
 #include "chess/mate_in_one.h"
 #include "engine/jobs/moves_logger.h"
+#include "engine/jobs/root_scout.h"
 #include "engine/jobs/root_threads.h"
 #include "engine/jobs/thread_advice.h"
 #include "engine/ordering/root_order.h"
@@ -26,29 +27,14 @@ bool IsStopRuleMet(const TEngineOptions& options, int solutions) {
     return (options.bStopOnDual && solutions >= 2) || (options.bStopOn3Sol && solutions >= 3);
 }
 
-/// Under the lock of the search.
-void AddSolution(TRootSearch& search, TRootMove& rootMove) {
-    rootMove.result = TRootResult::Mate;
-    ++search.solutions;
-    search.bStopRuleMet = IsStopRuleMet(search.task.m_options, search.solutions);
-    if (search.task.m_callbacks.onSolution) {
-        search.task.m_callbacks.onSolution(rootMove.move);
-    }
-}
-
 /// The next open move of the pass; its index, or nothing when none is left or none is wanted.
-std::optional<std::size_t> TakeMove(TRootSearch& search, int pass) {
+std::optional<std::size_t> TakeMove(TRootSearch& search) {
     const std::lock_guard guard(search.lock);
     while (!search.bStopRuleMet && search.next < search.moves.size()) {
         const std::size_t i = search.next++;
-        if (search.moves[i].result != TRootResult::Unknown) {
-            continue;
+        if (search.moves[i].result == TRootResult::Unknown) {
+            return i;
         }
-        if (search.task.m_callbacks.onFirstMove) {
-            search.task.m_callbacks.onFirstMove(search.moves[i].move, static_cast<int>(i),
-                                                static_cast<int>(search.moves.size()), pass);
-        }
-        return i;
     }
     return std::nullopt;
 }
@@ -71,11 +57,13 @@ TRootResult SearchFirstMove(TThreadContext& thread, TChessboard& root, TMove mov
 
 /// Keeps the result. A move that a stop left undecided stays open.
 void KeepResult(TRootSearch& search, TThreadContext& thread, std::size_t i, TRootResult result) {
-    const std::lock_guard guard(search.lock);
     if (result == TRootResult::Mate) {
-        AddSolution(search, search.moves[i]);  // A mate that was found is one, stop or no stop.
+        AddSolution(search, i);  // A mate that was found is one, stop or no stop.
     } else if (!IsStopRequested(thread) && thread.m_outsideStops == 0) {
-        search.moves[i].result = result;
+        const std::lock_guard guard(search.lock);
+        if (search.moves[i].result == TRootResult::Unknown) {
+            search.moves[i].result = result;
+        }
     }
     thread.m_outsideStops = 0;
 }
@@ -86,20 +74,36 @@ void SolveMateInOne(TRootSearch& search) {
     const int count = GenerateMatingMoves(search.root, moves);
     for (int i = 0; i < count && !search.bStopRuleMet; ++i) {
         search.moves.push_back({moves[i], TRootResult::Unknown});
-        AddSolution(search, search.moves.back());
+        AddSolution(search, search.moves.size() - 1);
     }
 }
 
 }  // namespace
 
+void AddSolution(TRootSearch& search, std::size_t i) {
+    {
+        const std::lock_guard guard(search.lock);
+        if (search.moves[i].result == TRootResult::Mate) {
+            return;
+        }
+        search.moves[i].result = TRootResult::Mate;
+        ++search.solutions;
+        search.bStopRuleMet = IsStopRuleMet(search.task.m_options, search.solutions);
+    }
+    search.task.Report(search.task.m_callbacks.onSolution, search.moves[i].move);
+}
+
 void RunPass(TRootSearch& search, TThreadContext& thread, TChessboard& root, int pass) {
     root.m_pass = static_cast<std::uint8_t>(pass);
+    thread.m_outsideStops = 0;
     while (!MustLeave(thread)) {
-        const std::optional<std::size_t> i = TakeMove(search, pass);
+        const std::optional<std::size_t> i = TakeMove(search);
         if (!i) {
             return;
         }
         const TMove move = search.moves[*i].move;
+        search.task.Report(search.task.m_callbacks.onFirstMove, move, static_cast<int>(*i),
+                           static_cast<int>(search.moves.size()), pass);
         thread.m_currentFirstMove = move;
         thread.m_plies[root.m_shPlies].moveIndex = static_cast<std::uint16_t>(*i);
         const TRootResult result =
@@ -124,10 +128,8 @@ int FindMateAtRoot(TRootSearch& search, bool bAllowForce) {
         }
     }
     TRootThreads threads(search);
-    for (const int pass : {SievePass, FinalPass}) {
-        search.next = 0;
-        threads.RunPass(pass);
-    }
+    threads.RunPass(SievePass, false);
+    threads.RunPass(FinalPass, MayScout(search));
     return 0;
 }
 

@@ -47,6 +47,9 @@ struct TRootSearch {
 /// would rather have, negated.
 int FindMateAtRoot(TRootSearch& search, bool bAllowForce);
 
+/// The first move of that index mates. Reports it, once, and sees whether that is enough.
+void AddSolution(TRootSearch& search, std::size_t i);
+
 /// One pass on the calling thread: takes moves that are still open until none is left. Several threads
 /// may do so at once, each with its own context and root board.
 void RunPass(TRootSearch& search, TThreadContext& thread, TChessboard& root, int pass);

@@ -6,6 +6,7 @@
 #include "base/chess_exception.h"
 
 #include "engine/jobs/moves_logger.h"
+#include "engine/jobs/root_scout.h"
 #include "engine/search/engine_state.h"
 #include "engine/threads/context_pool.h"
 #include "engine/threads/multithreading_level.h"
@@ -27,6 +28,7 @@ TRootThreads::TRootThreads(TRootSearch& search) : m_search(search) {
         for (std::size_t k = 0; k < threads; ++k) {
             auto context = search.task.m_pContexts->Take();
             context->StartAsChildOf(search.thread, static_cast<std::uint16_t>(k));
+            context->m_forkDepth = 0;
             context->m_forkBoard = search.root;
             context->m_forkBoard.m_pThread = context.get();
             context->m_pRootBoard = &context->m_forkBoard;
@@ -47,24 +49,23 @@ TRootThreads::~TRootThreads() {
     }
 }
 
-void TRootThreads::RunPass(int pass) {
+void TRootThreads::RunPass(int pass, bool bScout) {
+    m_search.next = 0;
     if (m_contexts.empty()) {
-        RunAlone(pass);
+        ThreadBody(m_search.thread, m_search.root, pass, bScout);
     } else {
-        RunTogether(pass);
+        RunTogether(pass, bScout);
     }
 }
 
-void TRootThreads::RunAlone(int pass) {
-    TThreadContext& thread = m_search.thread;
-    m_search.task.m_running.Add(thread.m_shThreadNumber, thread);
-    tarnwick::RunPass(m_search, thread, m_search.root, pass);
-    m_search.task.m_running.Remove(thread);
-}
-
-void TRootThreads::ThreadBody(TThreadContext& thread, int pass) noexcept {
+void TRootThreads::ThreadBody(TThreadContext& thread, TChessboard& root, int pass,
+                              bool bScout) noexcept {
     try {
-        tarnwick::RunPass(m_search, thread, thread.m_forkBoard, pass);
+        m_search.task.m_running.Add(thread.m_shThreadNumber, thread);
+        if (bScout) {
+            ScoutRoot(m_search, thread, root);
+        }
+        tarnwick::RunPass(m_search, thread, root, pass);
     } catch (const std::exception& fault) {  // of a callback: the search itself throws nothing
         const std::lock_guard guard(m_search.lock);
         m_search.error = fault.what();
@@ -72,31 +73,37 @@ void TRootThreads::ThreadBody(TThreadContext& thread, int pass) noexcept {
     }
     TellNodesAndCheckLimits(thread);
     m_search.task.m_running.Remove(thread);
+}
+
+void TRootThreads::EndThread() noexcept {
     const std::lock_guard guard(m_lock);
     --m_running;
     m_ended.notify_one();
 }
 
-void TRootThreads::RunTogether(int pass) {
-    std::vector<std::thread> threads;
+/// The last thread scouts: the others have the better moves. Threads that cannot be made leave their
+/// moves to those that can; without any the caller's does it all.
+void TRootThreads::RunTogether(int pass, bool bScout) {
+    std::vector<std::jthread> threads;
     threads.reserve(m_contexts.size());
-    for (const auto& context : m_contexts) {
-        m_search.task.m_running.Add(context->m_shThreadNumber, *context);
-        {
-            const std::lock_guard guard(m_lock);
-            ++m_running;
-        }
+    m_running = m_contexts.size();
+    for (std::size_t k = 0; k < m_contexts.size(); ++k) {
+        TThreadContext& context = *m_contexts[k];
+        const bool bLast = k + 1 == m_contexts.size();
         try {
-            threads.emplace_back([this, &context, pass] { ThreadBody(*context, pass); });
-        } catch (const std::system_error&) {  // The others take its moves.
-            ThreadBody(*context, pass);
+            threads.emplace_back([this, &context, pass, bScoutNow = bScout && bLast] {
+                ThreadBody(context, context.m_forkBoard, pass, bScoutNow);
+                EndThread();
+            });
+        } catch (const std::exception&) {
             ++m_search.task.m_failedThreads;
+            EndThread();
         }
+    }
+    if (threads.empty()) {
+        ThreadBody(m_search.thread, m_search.root, pass, bScout);
     }
     WaitForAll();
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
 }
 
 void TRootThreads::WaitForAll() {
@@ -120,11 +127,14 @@ void TRootThreads::WaitForAll() {
 
 void TRootThreads::TellWaiting() {
     ++m_secondsWaited;
-    const TSolveTask& task = m_search.task;
-    if (task.m_callbacks.onWaiting) {
-        task.m_callbacks.onWaiting(std::to_string(task.m_problemNumber) +
-                                   (task.m_bMirrored ? "(m)" : "") + "... " +
-                                   std::to_string(m_secondsWaited) + " sec(s)...     \r");
+    TSolveTask& task = m_search.task;
+    try {
+        task.Report(task.m_callbacks.onWaiting,
+                    std::to_string(task.m_problemNumber) + (task.m_bMirrored ? "(m)" : "") +
+                        "... " + std::to_string(m_secondsWaited) + " sec(s)...     \r");
+    } catch (const std::exception& fault) {
+        const std::lock_guard guard(m_search.lock);
+        m_search.error = fault.what();
     }
 }
 

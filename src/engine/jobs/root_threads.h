@@ -19,13 +19,14 @@ class TRootThreads {
     TRootThreads(const TRootThreads&) = delete;
     TRootThreads& operator=(const TRootThreads&) = delete;
 
-    /// Runs one pass to its end: all moves tried, a stop rule met or a stop.
-    void RunPass(int pass);
+    /// Runs one pass to its end: all moves tried, a stop rule met or a stop. bScout: one thread scouts
+    /// before it takes moves.
+    void RunPass(int pass, bool bScout);
 
   private:
-    void RunAlone(int pass);
-    void RunTogether(int pass);
-    void ThreadBody(TThreadContext& thread, int pass) noexcept;
+    void RunTogether(int pass, bool bScout);
+    void ThreadBody(TThreadContext& thread, TChessboard& root, int pass, bool bScout) noexcept;
+    void EndThread() noexcept;
     void WaitForAll();
     void TellWaiting();
 

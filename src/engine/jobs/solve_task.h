@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -24,11 +25,12 @@ namespace tarnwick {
 class TContextPool;
 
 /// How a job reports. Each may be empty. They are called from the search threads, one call at a time,
-/// and must return soon.
+/// and must return soon; they may stop, pause and resume the job, but not call StopThread, which waits
+/// for threads that may be waiting to report.
 struct TSolveCallbacks {
     /// A first move is taken in hand: its index from 0, the number of first moves, the pass.
     std::function<void(TMove move, int index, int count, int pass)> onFirstMove;
-    /// Now and then from deep in the search, for observers that must be kept alive.
+    /// Now and then from deep in the search, for observers that must be kept alive. Must not throw.
     std::function<void()> onDeepNode;
     /// A key was found.
     std::function<void(TMove key)> onSolution;
@@ -85,6 +87,16 @@ struct TSolveTask {
     /// Threads that could not be made or ended by an exception.
     std::atomic<std::uint32_t> m_failedThreads{0};
 
+    /// Calls back, if somebody wants to know.
+    template <typename TCallback, typename... TArguments>
+    void Report(const TCallback& callback, const TArguments&... arguments) {
+        if (callback) {
+            const std::lock_guard guard(m_reportLock);
+            callback(arguments...);
+        }
+    }
+    void CallObserver() noexcept { Report(m_callbacks.onDeepNode); }
+
     /// Any thread: every thread of the job leaves its search at the next move.
     void Stop() { m_control.StopAll(); }
     /// Pause and Resume have no effect on a stopped job.
@@ -94,6 +106,9 @@ struct TSolveTask {
     /// Stops one running thread; the others go on. What it was searching stays open, so the job cannot
     /// end with "no mate" any more. False if no thread of this number runs.
     bool StopThread(std::uint16_t number) { return m_running.Stop(number); }
+
+  private:
+    std::mutex m_reportLock;
 };
 
 }  // namespace tarnwick

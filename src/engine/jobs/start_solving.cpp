@@ -62,7 +62,10 @@ TAggregatedTemporaryChessboardRegister* PrepareRegister(TSolveTask& task) {
     }
     if (task.m_pRegister == nullptr) {
         task.m_pRegister =
-            MakeJobRegister(task.m_options, task.m_shPlies, task.m_callbacks.onError);
+            MakeJobRegister(task.m_options, task.m_shPlies,
+                            [&task](const std::string& title, const std::string& text) {
+                                task.Report(task.m_callbacks.onError, title, text);
+                            });
     }
     task.m_pRegister->SetSafeMode(task.m_bSafeMode);
     return task.m_pRegister->MaxElements() > 0 ? task.m_pRegister.get() : nullptr;
@@ -107,18 +110,23 @@ TSolveResult Summarise(const TRootSearch& search) {
 
 /// The user decides over the engine's wish; what he takes to do so is not solving time.
 void AskForThreads(TSolveTask& task, TThreadContext& thread, int advised) {
+    advised = std::min(advised, MostThreadsPerLevel);
+    const std::uint64_t mostThreads = MostThreads(advised, task.m_multithreadingLevels);
     const std::int64_t before = NowMs();
-    if (task.m_callbacks.onThreadAdvice && task.m_callbacks.onThreadAdvice(advised)) {
-        task.m_threadCount = static_cast<std::uint16_t>(std::min(advised, MostThreadsPerLevel));
+    if (mostThreads <= MostThreadsAtOnce && task.m_callbacks.onThreadAdvice(advised)) {
+        task.m_threadCount = static_cast<std::uint16_t>(advised);
         task.m_forcedThreads = task.m_threadCount;
         thread.m_threadsPerLevel = task.m_threadCount;
+        task.m_pContexts = std::make_unique<TContextPool>(
+            task, PositionMemoryMiB(task.m_options, task.m_shPlies, mostThreads));
     }
     task.m_startMs += NowMs() - before;
 }
 
 TSolveResult RunJob(TSolveTask& task, const TChessboard& position) {
     const std::size_t memoryMiB =
-        PositionMemoryMiB(task.m_options, task.m_shPlies, MostThreads(task.m_options));
+        PositionMemoryMiB(task.m_options, task.m_shPlies,
+                          MostThreads(task.m_threadCount, task.m_multithreadingLevels));
     task.m_pContexts = std::make_unique<TContextPool>(task, memoryMiB);
     std::unique_ptr<TThreadContext> thread = PrepareThread(task);
     TChessboard root = PrepareRoot(task, *thread, position);
@@ -144,7 +152,7 @@ TSolveResult RunJob(TSolveTask& task, const TChessboard& position) {
 }
 
 /// Into the cache of results. What contradicts it is told and not kept.
-void KeepResult(const TSolveTask& task, const TChessboard& position, const TSolveResult& result) {
+void KeepResult(TSolveTask& task, const TChessboard& position, const TSolveResult& result) {
     if (task.m_resultsCache == nullptr || result.bFromResultsCache) {
         return;
     }
@@ -154,9 +162,7 @@ void KeepResult(const TSolveTask& task, const TChessboard& position, const TSolv
     try {
         StoreInResultsCache(*task.m_resultsCache, root, result);
     } catch (const ChessException& contradiction) {
-        if (task.m_callbacks.onError) {
-            task.m_callbacks.onError("Error", contradiction.what());
-        }
+        task.Report(task.m_callbacks.onError, "Error", contradiction.what());
     }
 }
 
@@ -172,6 +178,7 @@ TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int mov
     SettleOptions(task, moves);
     try {
         TSolveResult result = RunJob(task, position);
+        task.m_pContexts.reset();
         result.nodes = task.m_nodes;
         result.workNodes = task.m_workNodes;
         result.elapsedMs = static_cast<std::uint64_t>(NowMs() - task.m_startMs);

@@ -13,11 +13,13 @@
 #include "chess/make_move.h"
 #include "chess/mate_in_one.h"
 #include "engine/ordering/stable_sort.h"
+#include "engine/search/known_positions.h"
 
 namespace tarnwick {
 namespace {
 
 constexpr int AllowsMateInOne = 80;
+constexpr int KnownMate = 125;  ///< Refutes nothing for certain.
 constexpr int GivesCheck = -20;
 constexpr int PromotesBonus = -10;
 
@@ -43,6 +45,12 @@ int ScoreOf(const TChessboard& board, TChessboard& child, TMove move) {
     return std::clamp(score, -127, 126);
 }
 
+/// What the stores know of the position after the reply.
+TRegisterResult KnownAfter(TChessboard& child) {
+    return child.m_shPlies >= LeastRegisterPlies ? FindKnown(child, WhatMayBeKnown(child))
+                                                 : TRegisterResult::Unknown;
+}
+
 }  // namespace
 
 TBlackOrder SortBlackMoves(TChessboard& board, int count, TMove* pMoves) noexcept {
@@ -58,7 +66,13 @@ TBlackOrder SortBlackMoves(TChessboard& board, int count, TMove* pMoves) noexcep
             pMoves[0] = move;
             return {1, true};
         }
-        move.fourth = static_cast<std::uint8_t>(ScoreOf(board, *child, move));
+        const TRegisterResult known = KnownAfter(*child);
+        if (known == TRegisterResult::NoMate) {
+            pMoves[0] = move;
+            return {1, true};
+        }
+        const int score = known == TRegisterResult::Mate ? KnownMate : ScoreOf(board, *child, move);
+        move.fourth = static_cast<std::uint8_t>(score);
         pMoves[order.count++] = move;
     }
     SortStably(pMoves, order.count, [](TMove move) { return move.BlackSortScore(); });

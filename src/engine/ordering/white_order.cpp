@@ -23,23 +23,6 @@ int GenerateReplies(const TChessboard& board, TMove* pList) {
                                              : GenerateAllBlackMoves(board, pList);
 }
 
-/// Legal replies of Black; stops with the penalty at one that leaves White hopeless.
-int CountReplies(TChessboard& child, TMoveInfo& info) {
-    TMove replies[MaxMovesOfSide];
-    const int count = GenerateReplies(child, replies);
-    int legal = 0;
-    for (int i = 0; i < count; ++i) {
-        TChessboard* next = CopyToNextSlot(child);
-        const int made = MakeBlackMove(*next, replies[i], false);
-        if (made == MoveMadeHopeless) {
-            info.bHopeless = true;
-            return legal + HopelessPenalty;
-        }
-        legal += made == MoveMade ? 1 : 0;
-    }
-    return legal;
-}
-
 /// Replies first; then small steps for what the move does: checks are forcing, captures of strong men
 /// disarm Black, and in check the answers that move the king or take the checker come first.
 int ScoreByReplies(const TChessboard& board, const TMoveInfo& info, bool bLight) {
@@ -63,6 +46,22 @@ int MoveNumber(const TChessboard& board) {
 }
 
 }  // namespace
+
+TReplyCount CountReplies(TChessboard& afterWhite) noexcept {
+    TMove replies[MaxMovesOfSide];
+    const int count = GenerateReplies(afterWhite, replies);
+    TReplyCount result;
+    for (int i = 0; i < count; ++i) {
+        TChessboard* next = CopyToNextSlot(afterWhite);
+        const int made = MakeBlackMove(*next, replies[i], false);
+        if (made == MoveMadeHopeless) {
+            result.bHopeless = true;
+            return result;
+        }
+        result.legal += made == MoveMade ? 1 : 0;
+    }
+    return result;
+}
 
 std::uint8_t ScoreWhiteMove(const TChessboard& board, const TMoveInfo& info, bool bLight) noexcept {
     const TSortHints& hints = board.m_pTask->m_sortHints;
@@ -94,7 +93,9 @@ int AnalyseWhiteMove(TChessboard& board, TMove move, TMoveInfo& info) noexcept {
         info.bGivesCheck && child->m_blackChecker != static_cast<std::int8_t>(move.to);
     info.bCaptures = board.m_fields[move.to] != EmptyField || child->m_lastMove.IsEnPassant();
     info.bRepetition = board.m_pTask->m_bSafeMode && FindRepeatedPosition(*child) != nullptr;
-    info.replies = CountReplies(*child, info);
+    const TReplyCount replies = CountReplies(*child);
+    info.bHopeless = replies.bHopeless;
+    info.replies = replies.legal + (replies.bHopeless ? HopelessPenalty : 0);
     info.bBlackHasNoMoves = info.replies == 0 && !info.bGivesCheck;
     return info.replies;
 }

@@ -26,6 +26,13 @@ inline constexpr std::uint8_t ScoreNegativeHint = 253;
 inline constexpr std::uint8_t ScoreBad = 254;      ///< Leaves Black without a useful reply.
 inline constexpr std::uint8_t ScoreIllegal = 255;  ///< Dropped from the list.
 
+/// Black's legal replies, up to the first one that leaves White hopeless.
+struct TReplyCount {
+    int legal = 0;
+    bool bHopeless = false;
+};
+TReplyCount CountReplies(TChessboard& afterWhite) noexcept;
+
 /// Makes the move on the next slot and counts Black's replies. Returns their number, or -1 for an
 /// illegal move. A reply that leaves White hopeless ends the count and adds 96.
 int AnalyseWhiteMove(TChessboard& board, TMove move, TMoveInfo& info) noexcept;

@@ -6,6 +6,12 @@
 #include "platform/clock.h"
 
 namespace tarnwick {
+namespace {
+
+/// A stop of a paused job shall be answered at once.
+constexpr std::chrono::milliseconds PollEvery{10};
+
+}  // namespace
 
 bool WaitOrLeave(TThreadContext& thread) noexcept {
     while (!IsStopRequested(thread)) {
@@ -16,7 +22,7 @@ bool WaitOrLeave(TThreadContext& thread) noexcept {
         if (!bJobPaused && !bThreadPaused) {
             return false;
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(bThreadPaused ? 10 : 100));
+        std::this_thread::sleep_for(PollEvery);
     }
     return true;
 }

@@ -62,16 +62,7 @@ TPositionMemory::TPositionMemory(std::size_t mib) {
 }
 
 TRememberedPosition* TPositionMemory::Bucket(const TChessboard& board) const noexcept {
-    // One odd multiplier a word; the high bits of the sum depend on all bits below them.
-    std::uint64_t hash = board.m_whiteMen * 0x9E3779B97F4A7C15ULL;
-    hash ^= std::rotl(board.m_blackMen * 0xC2B2AE3D27D4EB4FULL, 17);
-    hash += board.m_pawns * 0x165667B19E3779F9ULL;
-    hash ^= std::rotl(board.m_knights * 0xD6E8FEB86659FD93ULL, 31);
-    hash += std::rotl(board.m_diagonalSliders * 0xA0761D6478BD642FULL, 43);
-    hash ^= board.m_straightSliders * 0xE7037ED1A0B428DBULL;
-    hash ^= hash >> 32;
-    hash *= 0x9FB21C651E98DF25ULL;
-    return m_pEntries + ((hash >> 30) & m_mask & ~std::size_t{1});
+    return m_pEntries + ((PlacingHash(board) >> 30) & m_mask & ~std::size_t{1});
 }
 
 const TRememberedPosition* TPositionMemory::Lookup(const TChessboard& board) const noexcept {

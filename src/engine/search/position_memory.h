@@ -11,6 +11,7 @@
 // An entry is one cache line, because a probe costs one miss and nothing else. Two neighbouring lines
 // form a bucket: the first keeps the deeper work, the second the newest.
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -33,6 +34,19 @@ static_assert(sizeof(TRememberedPosition) == 64);
 /// The size in MiB that pays for a stipulation: what a short problem touches stays near the caches, and
 /// the pages of a larger table cost more than they save. Never above the limit.
 std::size_t MemoryForPlies(int plies, std::size_t limitMiB);
+
+/// A hash of the placing of the men; the high bits are the good ones.
+inline std::uint64_t PlacingHash(const TChessboard& board) noexcept {
+    // One odd multiplier a word; the high bits of the sum depend on all bits below them.
+    std::uint64_t hash = board.m_whiteMen * 0x9E3779B97F4A7C15ULL;
+    hash ^= std::rotl(board.m_blackMen * 0xC2B2AE3D27D4EB4FULL, 17);
+    hash += board.m_pawns * 0x165667B19E3779F9ULL;
+    hash ^= std::rotl(board.m_knights * 0xD6E8FEB86659FD93ULL, 31);
+    hash += std::rotl(board.m_diagonalSliders * 0xA0761D6478BD642FULL, 43);
+    hash ^= board.m_straightSliders * 0xE7037ED1A0B428DBULL;
+    hash ^= hash >> 32;
+    return hash * 0x9FB21C651E98DF25ULL;
+}
 
 class TPositionMemory {
   public:

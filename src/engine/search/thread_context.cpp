@@ -12,6 +12,7 @@ TThreadContext::~TThreadContext() = default;
 void TThreadContext::StartAsChildOf(const TThreadContext& parent, std::uint16_t number) {
     m_shThreadNumber = number;
     m_threadsPerLevel = parent.m_threadsPerLevel;
+    m_forkDepth = parent.m_forkDepth + 1;
     m_pRegister = parent.m_pRegister;
     m_pRootBoard = parent.m_pRootBoard;
     m_pHooks = parent.m_pHooks;
@@ -23,6 +24,9 @@ void TThreadContext::StartAsChildOf(const TThreadContext& parent, std::uint16_t 
     m_plies = parent.m_plies;
     m_pauseFlag.store(0, std::memory_order_relaxed);
     m_outsideStops = 0;
+    m_mateOfSlice = {};
+    m_presetMoveCount = 0;
+    m_pPresetMoveList = nullptr;
     m_quickerMateNesting = 0;
     m_additionalMoves = 0;
     m_additionalMovesSoFar = 0;

@@ -35,6 +35,7 @@ struct TThreadContext : TBoardStack {
     TSolveTask& m_task;
     std::uint16_t m_shThreadNumber = 0;
     std::uint16_t m_threadsPerLevel = 1;
+    int m_forkDepth = 0;                       ///< Levels between the root's threads and this one.
     std::atomic<std::uint8_t> m_pauseFlag{0};  ///< 0 run, 1 paused, 2 or more stop.
     bool m_bStopFromOutside =
         false;  ///< The stop for this thread is the user's. Under m_running's lock.

@@ -303,8 +303,10 @@ TNodeResult FinishWithMate(TNode& node) {
     const TMove last = node.board.m_lastMove;
     TThreadContext& thread = node.thread;
     thread.m_bMateCapturedPromotion =
-        last.PromotionType() != 0 && node.mate.to == last.to && !last.IsPass();
-    thread.m_hints.Note(node.board, node.mate);
+        last.PromotionType() != 0 && node.mate.to == last.to && !node.mate.IsPass();
+    if (!node.mate.IsPass()) {  // A thread's slice may have been answered by the register.
+        thread.m_hints.Note(node.board, node.mate);
+    }
     thread.m_mateOfSlice = node.mate;
     if (!node.bPreset) {
         const int additional = thread.m_bUsedAdditionalMoves ? 2 * thread.m_additionalMoves : 0;
@@ -347,10 +349,7 @@ std::optional<TNodeResult> AnswerBeforeMoves(TChessboard& board) {
         }
     }
     if (plies % 16 == 9 && (plies == 9 || played >= 9)) {
-        const TSolveCallbacks& callbacks = board.m_pTask->m_callbacks;
-        if (callbacks.onDeepNode) {
-            callbacks.onDeepNode();
-        }
+        board.m_pTask->CallObserver();
     }
     const int mode = board.m_captureState & OneColourMask;
     if ((mode == WhiteFieldsOnly || mode == BlackFieldsOnly) && board.m_whiteKnights > 0 &&

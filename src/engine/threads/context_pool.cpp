@@ -1,5 +1,7 @@
 #include "engine/threads/context_pool.h"
 
+#include <new>
+
 namespace tarnwick {
 
 std::unique_ptr<TThreadContext> TContextPool::Take() {
@@ -14,9 +16,12 @@ std::unique_ptr<TThreadContext> TContextPool::Take() {
     return std::make_unique<TThreadContext>(m_task, m_memoryMiB);
 }
 
-void TContextPool::GiveBack(std::unique_ptr<TThreadContext> context) {
+void TContextPool::GiveBack(std::unique_ptr<TThreadContext> context) noexcept {
     const std::lock_guard guard(m_lock);
-    m_free.push_back(std::move(context));
+    try {
+        m_free.push_back(std::move(context));
+    } catch (const std::bad_alloc&) {  // Then the next thread makes its own.
+    }
 }
 
 }  // namespace tarnwick

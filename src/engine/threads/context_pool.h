@@ -17,7 +17,7 @@ class TContextPool {
 
     /// A context for one thread. Throws ChessException or std::bad_alloc when there is no memory.
     std::unique_ptr<TThreadContext> Take();
-    void GiveBack(std::unique_ptr<TThreadContext> context);
+    void GiveBack(std::unique_ptr<TThreadContext> context) noexcept;
 
   private:
     TSolveTask& m_task;

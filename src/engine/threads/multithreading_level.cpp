@@ -9,6 +9,7 @@
 
 #include "chess/board_stack.h"
 #include "chess/generate_moves.h"
+#include "engine/jobs/moves_logger.h"
 #include "engine/search/engine_state.h"
 #include "engine/search/find_mate.h"
 #include "engine/threads/context_pool.h"
@@ -126,6 +127,9 @@ bool TLevel::Create(int moveCount, const TMove* pMoves, int threads, std::uint32
         }
     } catch (...) {  // No memory: the node does not need the threads.
         ++m_task.m_failedThreads;
+        if (m_thread.m_pRegister != nullptr) {
+            m_thread.m_pRegister->EmptySomeDataWhenRegisterFull(true);
+        }
         Cancel();
         return false;
     }
@@ -142,6 +146,9 @@ bool TLevel::Add(int k, std::uint32_t number) {
     record->m_pBoard->m_pThread = &context;
     record->m_threadNumber = number;
     record->m_bLogger = m_bLogger;
+    if (m_bLogger) {
+        context.m_pLogger = std::make_unique<TMovesLogger>(context, true);
+    }
     record->m_moveCount = m_sizes[static_cast<std::size_t>(k)];
     record->m_pMoves = m_slices.data() + k * m_sliceSize;
     m_records.push_back(std::move(record));
@@ -151,6 +158,7 @@ bool TLevel::Add(int k, std::uint32_t number) {
             std::thread([this, &kept] { FindMateMultithreadingLevelThreadProc(*this, kept); });
     } catch (...) {
         ++m_task.m_failedThreads;
+        kept.m_pContext->m_pLogger.reset();
         m_task.m_pContexts->GiveBack(std::move(kept.m_pContext));
         m_records.pop_back();
         return false;
@@ -204,12 +212,10 @@ bool TLevel::TakeResults() {
         }
         m_lowest = std::min(m_lowest, result);
         const std::uint16_t limit = record->m_repetitionLimit.load(std::memory_order_relaxed);
-        if (result == ResultRepetition && limit != 0) {
-            // A proof has to hold for the highest position that any thread came back to. Quick mode,
-            // which proves nothing, goes back no further than the nearest.
-            const bool bReplace =
-                m_limit == 0 || (m_task.m_bSafeMode ? limit > m_limit : limit < m_limit);
-            m_limit = bReplace ? limit : m_limit;
+        if (result == ResultRepetition) {
+            // What is stored as proved above here must hold for the highest position that any of the
+            // threads came back to, not only for the nearest.
+            m_limit = std::max(m_limit, limit);
         }
     }
     return bMate;
@@ -311,6 +317,8 @@ void TLevel::JoinAndFree() {
     for (const auto& record : m_records) {
         record->m_hThread.join();
         m_thread.m_outsideStops += record->m_pContext->m_outsideStops;
+        record->m_pContext->m_pLogger.reset();
+        m_task.CallObserver();
         m_task.m_pContexts->GiveBack(std::move(record->m_pContext));
     }
     m_records.clear();
@@ -357,9 +365,8 @@ std::optional<TNodeResult> NextMultithreadingLevel(TChessboard& board, int moveC
         width = std::min<int>(width, task.m_forcedThreads);
     }
     const int threads = std::min(moveCount, width);
-    const int level = (board.m_shRootPlies - board.m_shPlies) / 2;
-    const std::uint32_t first =
-        FirstThreadNumber(thread.m_shThreadNumber, thread.m_threadsPerLevel, width, level);
+    const std::uint32_t first = FirstThreadNumber(thread.m_shThreadNumber, thread.m_threadsPerLevel,
+                                                  width, thread.m_forkDepth + 1);
     if (threads < 2 || first + static_cast<std::uint32_t>(threads) >= AllThreads) {
         return std::nullopt;
     }

@@ -21,7 +21,8 @@ std::optional<TNodeResult> NextMultithreadingLevel(TChessboard& board, int moveC
 
 /// The number of the first thread that a node of this thread starts; the others follow by one. Each
 /// thread of each level has its own range. threadsPerLevel is that of the job, width the number that a
-/// level of this node may have at most.
+/// level of this node may have at most; level counts the forks from the root to the new threads, which
+/// may be fewer than the moves played: a node with one move makes none.
 std::uint32_t FirstThreadNumber(int threadNumber, int threadsPerLevel, int width, int level);
 
 /// The slice of thread k out of T: moves k, k + T, k + 2T and so on, so that each thread begins with one

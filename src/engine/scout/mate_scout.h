@@ -1,0 +1,49 @@
+#pragma once
+// The scout: looks for one mate by proof numbers before the full search begins. It goes where the least
+// is left to prove, so it finds mates that hang on forcing play far beyond the reach of a search of all
+// moves; it hardly ever shows that there is none.
+//
+// What it proves is true: every reply of Black has been answered. Proofs go into the stores of known
+// positions, and the full search, which finds them there, remains the judge of the problem.
+
+#include <optional>
+
+#include "engine/scout/proof_table.h"
+#include "engine/search/thread_context.h"
+
+namespace tarnwick {
+
+class TMateScout {
+  public:
+    /// nodes: expanded nodes after which it gives up.
+    TMateScout(TThreadContext& thread, TProofTable& table, std::uint64_t nodes)
+        : m_thread(thread), m_table(table), m_budget(nodes) {}
+
+    static constexpr int LeastRootPlies = 3;
+
+    /// A first move that mates within the plies of the root; nothing if none was proved, or if the root
+    /// has fewer plies than need a scout.
+    std::optional<TMove> FindKey(TChessboard& root) noexcept;
+
+    std::uint64_t Expanded() const noexcept { return m_expanded; }
+
+  private:
+    struct TChild {
+        TMove move;
+        TProofNumbers numbers;
+    };
+
+    bool MustGiveUp() noexcept;
+    TProofNumbers NumbersAfterWhite(TChessboard& child) noexcept;
+    TProofNumbers NumbersAfterBlack(TChessboard& child) noexcept;
+    TProofNumbers SearchWhite(TChessboard& board, TProofNumbers limit) noexcept;
+    TProofNumbers SearchBlack(TChessboard& board, TProofNumbers limit) noexcept;
+
+    TThreadContext& m_thread;
+    TProofTable& m_table;
+    std::uint64_t m_budget;
+    std::uint64_t m_expanded = 0;
+    TMove m_key{};  ///< The mating move of the white node that was proved last.
+};
+
+}  // namespace tarnwick
