@@ -23,16 +23,6 @@ std::uint32_t Capped(std::uint64_t number) {
     return static_cast<std::uint32_t>(std::min<std::uint64_t>(number, TProofNumbers::Infinite - 1));
 }
 
-/// Where a search goes on: the best child, and what is left to its parent.
-struct TChoice {
-    int best = -1;
-    std::uint32_t least = TProofNumbers::Infinite;  ///< Of the number that is minimised.
-    std::uint32_t second = TProofNumbers::Infinite;
-    std::uint64_t sum = 0;  ///< Of the other number, over all children.
-    std::uint32_t largest = 0;
-    int open = 0;
-};
-
 /// A little patience saves going back and forth between two children that are equally good.
 std::uint32_t WithPatience(std::uint32_t second) {
     return Capped(std::uint64_t{second} + second / 4 + 1);
@@ -50,6 +40,43 @@ int EstimateReplies(const TChessboard& board) {
 }
 
 }  // namespace
+
+/// Where the search of a node goes on, and its numbers. One number of a node is the least of its children,
+/// the other one adds up.
+struct TMateScout::TChoice {
+    int best = -1;  ///< The child with the least; -1: none is open.
+    std::uint32_t least = TProofNumbers::Infinite;
+    std::uint32_t second = TProofNumbers::Infinite;
+    std::uint64_t sum = 0;
+
+    void Take(int child, std::uint32_t minimised) noexcept {
+        if (minimised < least) {
+            second = least;
+            least = minimised;
+            best = child;
+        } else {
+            second = std::min(second, minimised);
+        }
+    }
+};
+
+/// White needs one child: the least proof. To disprove all of them is thought as hard as the hardest and a
+/// little for each other one, because most of White's moves fail for the same reason; Black's defences have
+/// to be met one by one, so that their proofs add up in full.
+template <bool bWhite>
+TMateScout::TChoice TMateScout::Choose(const TChildren& children) noexcept {
+    TChoice choice;
+    for (int i = 0; i < children.count; ++i) {
+        const TProofNumbers& n = children.list[static_cast<std::size_t>(i)].numbers;
+        choice.Take(i, bWhite ? n.proof : n.disproof);
+        choice.sum =
+            bWhite ? std::max<std::uint64_t>(choice.sum, n.disproof) : choice.sum + n.proof;
+    }
+    if (bWhite && children.count > 0) {
+        choice.sum += static_cast<std::uint64_t>(children.count) - 1;
+    }
+    return choice;
+}
 
 bool TMateScout::MustGiveUp() noexcept {
     return m_expanded >= m_budget || MustLeave(m_thread);
@@ -88,147 +115,117 @@ TProofNumbers TMateScout::NumbersAfterBlack(TChessboard& child) noexcept {
     return child.m_shPlies == 1 ? Disproved : TProofNumbers{1, 1};
 }
 
-TProofNumbers TMateScout::SearchWhite(TChessboard& board, TProofNumbers limit) noexcept {
+/// True: a child is proved, and with it the node.
+bool TMateScout::ExpandWhite(TChessboard& board, TChildren& children) noexcept {
     ++m_expanded;
-    const std::uint64_t before = m_expanded;
     TMove moves[MaxMovesOfSide];
-    const int generated = board.m_whiteChecker != NoChecker ? GenerateWhiteEvasions(board, moves)
-                                                            : GenerateAllWhiteMoves(board, moves);
-    TChild children[MaxMovesOfSide];
-    int count = 0;
-    const TKnowable may = WhatMayBeKnown(board);
-    TProofNumbers numbers = Disproved;
-    for (int i = 0; i < generated; ++i) {
+    const int count = board.m_whiteChecker != NoChecker ? GenerateWhiteEvasions(board, moves)
+                                                        : GenerateAllWhiteMoves(board, moves);
+    for (int i = 0; i < count; ++i) {
         TChessboard* child = CopyToNextSlot(board);
         if (MakeWhiteMove(*child, moves[i]) == MoveRefused) {
             continue;
         }
-        children[count] = {moves[i], NumbersAfterWhite(*child)};
-        if (children[count].numbers.IsProved()) {
+        const TProofNumbers numbers = NumbersAfterWhite(*child);
+        if (numbers.IsProved()) {
             m_key = moves[i];
-            StoreKnownMate(board, may, board.m_shPlies, moves[i]);
-            return Proved;
+            return true;
         }
-        count += children[count].numbers.IsDisproved() ? 0 : 1;
-    }
-    while (true) {
-        TChoice choice;
-        for (int i = 0; i < count; ++i) {
-            const TProofNumbers& n = children[i].numbers;
-            choice.sum += n.disproof;
-            choice.largest = std::max(choice.largest, n.disproof);
-            ++choice.open;
-            if (n.proof < choice.least) {
-                choice.second = choice.least;
-                choice.least = n.proof;
-                choice.best = i;
-            } else if (n.proof < choice.second) {
-                choice.second = n.proof;
-            }
-        }
-        if (choice.best < 0) {
-            numbers = Disproved;
-            break;
-        }
-        const std::uint64_t disproof = std::uint64_t{choice.largest} + choice.open - 1;
-        numbers = {choice.least, Capped(disproof)};
-        if (numbers.proof >= limit.proof || numbers.disproof >= limit.disproof || MustGiveUp()) {
-            break;
-        }
-        TChild& best = children[choice.best];
-        TChessboard* child = CopyToNextSlot(board);
-        MakeWhiteMove(*child, best.move);
-        const TProofNumbers childLimit{std::min(limit.proof, WithPatience(choice.second)),
-                                       Capped(std::uint64_t{limit.disproof} - (choice.open - 1))};
-        best.numbers = SearchBlack(*child, childLimit);
-        if (best.numbers.IsProved()) {
-            m_key = best.move;
-            StoreKnownMate(board, may, board.m_shPlies, best.move);
-            return Proved;
-        }
-        if (best.numbers.IsDisproved()) {
-            best = children[--count];
+        if (!numbers.IsDisproved()) {
+            children.list[static_cast<std::size_t>(children.count++)] = {moves[i], numbers};
         }
     }
-    if (numbers.IsDisproved()) {
-        StoreKnownNoMate(board, may);
-    } else if (may.bMemory) {
-        m_table.Store(board, numbers, static_cast<std::uint32_t>(m_expanded - before + 1));
-    }
-    return numbers;
+    return false;
 }
 
-TProofNumbers TMateScout::SearchBlack(TChessboard& board, TProofNumbers limit) noexcept {
+/// True: a child is disproved, or Black is stalemated, and with it the node.
+bool TMateScout::ExpandBlack(TChessboard& board, TChildren& children) noexcept {
     ++m_expanded;
-    const std::uint64_t before = m_expanded;
     TMove moves[MaxMovesOfSide];
-    const int generated = board.m_blackChecker != NoChecker ? GenerateBlackEvasions(board, moves)
-                                                            : GenerateAllBlackMoves(board, moves);
-    TChild children[MaxMovesOfSide];
-    int count = 0;
+    const int count = board.m_blackChecker != NoChecker ? GenerateBlackEvasions(board, moves)
+                                                        : GenerateAllBlackMoves(board, moves);
     bool bLegalMove = false;
-    const bool bDescribed = WhatMayBeKnown(board).bMemory;
-    for (int i = 0; i < generated; ++i) {
+    for (int i = 0; i < count; ++i) {
         TChessboard* child = CopyToNextSlot(board);
         const int made = MakeBlackMove(*child, moves[i], false);
         if (made == MoveRefused) {
             continue;
         }
         bLegalMove = true;
-        children[count] = {moves[i],
-                           made == MoveMadeHopeless ? Disproved : NumbersAfterBlack(*child)};
-        if (children[count].numbers.IsDisproved()) {
-            if (bDescribed) {
-                m_table.Store(board, Disproved, 1);
-            }
-            return Disproved;
+        const TProofNumbers numbers =
+            made == MoveMadeHopeless ? Disproved : NumbersAfterBlack(*child);
+        if (numbers.IsDisproved()) {
+            return true;
         }
-        count += children[count].numbers.IsProved() ? 0 : 1;
+        if (!numbers.IsProved()) {
+            children.list[static_cast<std::size_t>(children.count++)] = {moves[i], numbers};
+        }
     }
-    if (!bLegalMove && board.m_blackChecker == NoChecker) {
-        return Disproved;  // Stalemate.
-    }
-    TProofNumbers numbers = Proved;
+    return !bLegalMove && board.m_blackChecker == NoChecker;
+}
+
+/// Searches the children until the node is settled or its numbers reach a limit.
+template <bool bWhite>
+TProofNumbers TMateScout::SearchOpen(TChessboard& board, TChildren& children,
+                                     TProofNumbers limit) noexcept {
     while (true) {
-        TChoice choice;
-        for (int i = 0; i < count; ++i) {
-            const TProofNumbers& n = children[i].numbers;
-            choice.sum += n.proof;
-            choice.largest = std::max(choice.largest, n.proof);
-            ++choice.open;
-            if (n.disproof < choice.least) {
-                choice.second = choice.least;
-                choice.least = n.disproof;
-                choice.best = i;
-            } else if (n.disproof < choice.second) {
-                choice.second = n.disproof;
-            }
-        }
+        const TChoice choice = Choose<bWhite>(children);
         if (choice.best < 0) {
-            numbers = Proved;
-            break;
+            return bWhite ? Disproved : Proved;
         }
-        numbers = {Capped(choice.sum), choice.least};
+        const std::uint32_t sum = Capped(choice.sum);
+        const TProofNumbers numbers =
+            bWhite ? TProofNumbers{choice.least, sum} : TProofNumbers{sum, choice.least};
         if (numbers.proof >= limit.proof || numbers.disproof >= limit.disproof || MustGiveUp()) {
-            break;
+            return numbers;
         }
-        TChild& best = children[choice.best];
+        TChild& best = children.list[static_cast<std::size_t>(choice.best)];
         TChessboard* child = CopyToNextSlot(board);
-        MakeBlackMove(*child, best.move, false);
-        const TProofNumbers childLimit{
-            Capped(std::uint64_t{limit.proof} - (numbers.proof - best.numbers.proof)),
-            std::min(limit.disproof, WithPatience(choice.second))};
-        best.numbers = SearchWhite(*child, childLimit);
-        if (best.numbers.IsDisproved()) {
-            numbers = Disproved;
-            break;
+        const std::uint32_t patience = WithPatience(choice.second);
+        if constexpr (bWhite) {
+            MakeWhiteMove(*child, best.move);
+            const std::uint32_t others = static_cast<std::uint32_t>(children.count) - 1;
+            best.numbers =
+                SearchBlack(*child, {std::min(limit.proof, patience), limit.disproof - others});
+        } else {
+            MakeBlackMove(*child, best.move, false);
+            const std::uint32_t others = sum - best.numbers.proof;
+            best.numbers =
+                SearchWhite(*child, {limit.proof - others, std::min(limit.disproof, patience)});
         }
-        if (best.numbers.IsProved()) {
-            best = children[--count];
+        if (bWhite ? best.numbers.IsProved() : best.numbers.IsDisproved()) {
+            m_key = best.move;
+            return best.numbers;
+        }
+        if (best.numbers.IsSettled()) {
+            best = children.list[static_cast<std::size_t>(--children.count)];
         }
     }
-    if (bDescribed) {
-        m_table.Store(board, numbers, static_cast<std::uint32_t>(m_expanded - before + 1));
+}
+
+TProofNumbers TMateScout::SearchWhite(TChessboard& board, TProofNumbers limit) noexcept {
+    const std::uint64_t before = m_expanded;
+    const TKnowable may = WhatMayBeKnown(board);
+    TChildren children;
+    const TProofNumbers numbers =
+        ExpandWhite(board, children) ? Proved : SearchOpen<true>(board, children, limit);
+    if (numbers.IsProved()) {
+        StoreKnownMate(board, may, board.m_shPlies, m_key);
+    } else if (numbers.IsDisproved()) {
+        StoreKnownNoMate(board, may);
+    } else if (may.bMemory) {
+        m_table.Store(board, numbers, static_cast<std::uint32_t>(m_expanded - before));
+    }
+    return numbers;
+}
+
+TProofNumbers TMateScout::SearchBlack(TChessboard& board, TProofNumbers limit) noexcept {
+    const std::uint64_t before = m_expanded;
+    TChildren children;
+    const TProofNumbers numbers =
+        ExpandBlack(board, children) ? Disproved : SearchOpen<false>(board, children, limit);
+    if (WhatMayBeKnown(board).bMemory) {
+        m_table.Store(board, numbers, static_cast<std::uint32_t>(m_expanded - before));
     }
     return numbers;
 }

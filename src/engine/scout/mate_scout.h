@@ -4,10 +4,12 @@
 // moves; it hardly ever shows that there is none.
 //
 // What it proves is true: every reply of Black has been answered. Proofs go into the stores of known
-// positions, and the full search, which finds them there, remains the judge of the problem.
+// positions, where the full search finds them again.
 
+#include <array>
 #include <optional>
 
+#include "chess/move_list.h"
 #include "engine/scout/proof_table.h"
 #include "engine/search/thread_context.h"
 
@@ -15,11 +17,11 @@ namespace tarnwick {
 
 class TMateScout {
   public:
+    static constexpr int LeastRootPlies = 3;
+
     /// nodes: expanded nodes after which it gives up.
     TMateScout(TThreadContext& thread, TProofTable& table, std::uint64_t nodes)
         : m_thread(thread), m_table(table), m_budget(nodes) {}
-
-    static constexpr int LeastRootPlies = 3;
 
     /// A first move that mates within the plies of the root; nothing if none was proved, or if the root
     /// has fewer plies than need a scout.
@@ -32,8 +34,20 @@ class TMateScout {
         TMove move;
         TProofNumbers numbers;
     };
+    /// The children of a node that are not settled.
+    struct TChildren {
+        std::array<TChild, MaxMovesOfSide> list;
+        int count = 0;
+    };
+    struct TChoice;
 
+    template <bool bWhite>
+    static TChoice Choose(const TChildren& children) noexcept;
+    template <bool bWhite>
+    TProofNumbers SearchOpen(TChessboard& board, TChildren& children, TProofNumbers limit) noexcept;
     bool MustGiveUp() noexcept;
+    bool ExpandWhite(TChessboard& board, TChildren& children) noexcept;
+    bool ExpandBlack(TChessboard& board, TChildren& children) noexcept;
     TProofNumbers NumbersAfterWhite(TChessboard& child) noexcept;
     TProofNumbers NumbersAfterBlack(TChessboard& child) noexcept;
     TProofNumbers SearchWhite(TChessboard& board, TProofNumbers limit) noexcept;
