@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <filesystem>
 #include <optional>
 #include <string_view>
 
@@ -12,6 +11,7 @@
 #include "platform/memory_info.h"
 #include "platform/stop_signals.h"
 
+#include "cli/make_folder.h"
 #include "cli/problem_input.h"
 #include "cli/progress_line.h"
 #include "cli/register_file.h"
@@ -193,15 +193,6 @@ TSolvedProblem SolveAndReport(const TInputProblem& input, const TSolveArguments&
 void TellUntried(std::size_t count, CConsoleDialog& dialog) {
     if (count > 0) {
         dialog.Tell("Stopped: " + CountText(count, "problem") + " not tried");
-    }
-}
-
-/// Throws ChessException if there is none and none can be made.
-void MakeFolder(const std::filesystem::path& folder) {
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    if (error) {
-        throw ChessException(folder.string() + ": " + error.message());
     }
 }
 

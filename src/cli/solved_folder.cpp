@@ -2,6 +2,7 @@
 
 #include "base/chess_exception.h"
 
+#include "cli/make_folder.h"
 #include "engine/jobs/job_memory.h"
 
 namespace tarnwick {
@@ -12,11 +13,7 @@ CSolvedFolder::CSolvedFolder(const std::string& folder, const TChessboard& board
     if (m_path.empty()) {
         return;
     }
-    std::error_code error;
-    std::filesystem::create_directories(m_path, error);
-    if (error) {
-        throw ChessException(m_path.string() + ": " + error.message());
-    }
+    MakeFolder(m_path);
     m_pFiles = std::make_unique<CSolvedProblemFiles>(m_path);
     auto cache = std::make_shared<TChessboardRegister<bool>>();
     cache->UpdateLimits(RegisterLimitsFor(task.m_options));

@@ -93,6 +93,10 @@ inline constexpr TUserText SolutionsOfText = {.pl = " - tyle znaleziono rozwiąz
                                               .uk = " - стільки знайдено розв'язків задачі "};
 inline constexpr TUserText OutOfMemoryText = {
     .pl = "Brak pamięci.", .en = "Out of memory.", .uk = "Бракує пам'яті."};
+inline constexpr TUserText TooManyProblemsText = {
+    .pl = "Zbyt wiele zadań jest rozwiązywanych jednocześnie.",
+    .en = "Too many problems being solved at the same time.",
+    .uk = "Забагато задач розв'язується одночасно."};
 inline constexpr TUserText TooManyThreadsText = {
     .pl = "Za dużo wątków lub poziomów wielowątkowości.",
     .en = "Too many threads and/or multithreading levels.",

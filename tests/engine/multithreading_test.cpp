@@ -312,6 +312,34 @@ TEST(SlowThreadsUnderActions, AStopIsAnsweredAtOnce) {
     EXPECT_LE(slow, Stops / 1000) << "of " << Stops;
 }
 
+TEST(ThreadsAndJobs, MoreThanTheLimitAreRefused) {
+    const TChessboard board = BoardOf("7k/8/p1p1p1p1/PpPpPpPp/1P1P1P1P/8/8/K1B5");
+    std::vector<std::unique_ptr<TSolveTask>> tasks;
+    std::vector<std::future<TSolveResult>> results;
+    for (int i = 0; i < TasksLimit; ++i) {
+        tasks.push_back(std::make_unique<TSolveTask>());
+        tasks.back()->m_options.memoryMiB = 1;
+        results.push_back(std::async(std::launch::async, [&task = *tasks.back(), &board] {
+            return StartSolving(task, board, 60);
+        }));
+    }
+    for (const auto& task : tasks) {
+        for (int i = 0; i < 20000 && task->m_running.Numbers().empty(); ++i) {
+            std::this_thread::sleep_for(1ms);
+        }
+    }
+    const TSolveResult refused = Solve(LongFen, 8, TEngineOptions());
+    for (const auto& task : tasks) {
+        task->Stop();
+    }
+    EXPECT_EQ(refused.status, TSolveStatus::Refused);
+    EXPECT_EQ(refused.message, "Too many problems being solved at the same time.");
+    for (auto& result : results) {
+        EXPECT_EQ(result.get().status, TSolveStatus::Stopped);
+    }
+    EXPECT_EQ(Solve(LongFen, 1, TEngineOptions()).status, TSolveStatus::NoMate);
+}
+
 TEST(ThreadsUnderActions, OneStoppedThreadLeavesNoFalseNoMate) {
     TSolveTask task;
     task.m_options = WithThreads(2, 1, true);

@@ -1,6 +1,7 @@
 #include "engine/jobs/start_solving.h"
 
 #include <algorithm>
+#include <atomic>
 #include <memory>
 #include <new>
 
@@ -21,6 +22,9 @@
 namespace tarnwick {
 namespace {
 
+/// Jobs that run at once. Each has a register that takes its share of the memory.
+std::atomic<int> g_activeTasks{0};
+
 TSolveResult Refusal(std::string text) {
     TSolveResult result;
     result.message = std::move(text);
@@ -31,6 +35,19 @@ std::uint32_t MaterialValue(const TMenCounts& men) {
     return static_cast<std::uint32_t>(9 * men.queens + 5 * men.rooks + 3 * men.bishops +
                                       3 * men.knights + men.pawns);
 }
+
+/// The place of one job among those that run at once.
+class CActiveTask {
+  public:
+    CActiveTask() : m_bHasPlace(g_activeTasks.fetch_add(1) < TasksLimit) {}
+    ~CActiveTask() { --g_activeTasks; }
+    CActiveTask(const CActiveTask&) = delete;
+    CActiveTask& operator=(const CActiveTask&) = delete;
+    bool HasPlace() const { return m_bHasPlace; }
+
+  private:
+    bool m_bHasPlace;
+};
 
 /// A root of the job on the thread's stack of boards.
 TChessboard PrepareRoot(TSolveTask& task, TThreadContext& thread, const TChessboard& position) {
@@ -174,6 +191,10 @@ TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int mov
     }
     if (moves > MaxPlies / 2) {
         return Refusal(UserText(StipulationTooLongText));
+    }
+    const CActiveTask place;
+    if (!place.HasPlace()) {
+        return Refusal(UserText(TooManyProblemsText));
     }
     SettleOptions(task, moves);
     try {

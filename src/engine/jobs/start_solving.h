@@ -34,6 +34,9 @@ struct TSolveResult {
     std::string message;
 };
 
+/// Jobs that may run at once in one process; further ones are refused.
+inline constexpr int TasksLimit = 64;
+
 /// Solves "White mates in `moves`" from the fields of `position`. What solve_task.h says the caller fills
 /// must be filled. Never throws for a bad position: it is refused with its message.
 TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int moves);
