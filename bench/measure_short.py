@@ -45,7 +45,8 @@ def mean(values):
 def solve(program, fen, moves):
     before = resource.getrusage(resource.RUSAGE_CHILDREN)
     start = time.perf_counter()
-    done = subprocess.run([program, "solve", "--all", "--json", "--threads", "1", "--fen", fen, "--mate", str(moves)],
+    done = subprocess.run([program, "solve", "--all", "--json", "--threads", "1", "--fen", fen,
+                           "--mate", str(moves)],
                           capture_output=True, text=True)
     wall = time.perf_counter() - start
     after = resource.getrusage(resource.RUSAGE_CHILDREN)
