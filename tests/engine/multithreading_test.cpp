@@ -148,7 +148,7 @@ TEST_P(SlowThreadsAndAnswers, ShortProblemsHaveTheirKeys) {
     CheckSharedProblems(5, GetParam(), 1, GetParam() % 4 == 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Threads, SlowThreadsAndAnswers, testing::Values(1, 2, 4, 16));
+INSTANTIATE_TEST_SUITE_P(Count, SlowThreadsAndAnswers, testing::Values(1, 2, 4, 16));
 
 TEST(OneThread, TwoRunsAreTheSame) {
     const TSolveResult first = Solve(LongFen, 8, WithThreads(1, 1, true));
