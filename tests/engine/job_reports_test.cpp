@@ -129,6 +129,15 @@ TEST(MovesLog, LoggingChangesNoNode) {
     EXPECT_EQ(logged.workNodes, Solve(QueenFen, 6, TEngineOptions()).workNodes);
 }
 
+TEST(MirroredRun, FindsTheKeysOfTheProblemItself) {
+    const TChessboard board = BoardOf(LongFen);
+    TSolveTask task;
+    task.m_options.bAllSolutions = true;
+    const TSolveResult mirrored = StartSolvingMirrored(task, board, 8);
+    EXPECT_EQ(KeyTexts(board, mirrored.keys), std::vector<std::string>{"Ng3-f1"});
+    EXPECT_TRUE(mirrored.bComplete);
+}
+
 // ---- Results of earlier runs
 
 std::shared_ptr<TChessboardRegister<bool>> EmptyCache(const TChessboard& board) {

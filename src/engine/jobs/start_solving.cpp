@@ -8,6 +8,7 @@
 #include "base/chess_exception.h"
 #include "platform/clock.h"
 
+#include "chess/field_transforms.h"
 #include "engine/engine_texts.h"
 #include "engine/jobs/job_memory.h"
 #include "engine/jobs/job_register.h"
@@ -98,6 +99,10 @@ std::unique_ptr<TThreadContext> PrepareThread(TSolveTask& task) {
     return thread;
 }
 
+bool IsBeforeByFields(TMove a, TMove b) {
+    return a.from != b.from ? a.from < b.from : a.to < b.to;
+}
+
 TSolveResult Summarise(const TRootSearch& search) {
     TSolveResult result;
     bool bAllSettled = true;
@@ -107,8 +112,7 @@ TSolveResult Summarise(const TRootSearch& search) {
         }
         bAllSettled = bAllSettled && rootMove.result != TRootResult::Unknown;
     }
-    std::sort(result.keys.begin(), result.keys.end(),
-              [](TMove a, TMove b) { return a.from != b.from ? a.from < b.from : a.to < b.to; });
+    std::sort(result.keys.begin(), result.keys.end(), IsBeforeByFields);
     result.bSafeMode = search.task.m_bSafeMode;
     result.bComplete = bAllSettled && !search.bStopRuleMet;
     if (search.bStopRuleMet) {
@@ -212,6 +216,19 @@ TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int mov
     } catch (const std::bad_alloc&) {
         return Refusal(UserText(OutOfMemoryText));
     }
+}
+
+TSolveResult StartSolvingMirrored(TSolveTask& task, const TChessboard& position, int moves) {
+    TChessboard mirrored = position;
+    TransformPosition(TTransform::Mirror, mirrored);
+    task.m_bMirrored = true;
+    task.m_sortHints = {};
+    TSolveResult result = StartSolving(task, mirrored, moves);
+    for (TMove& key : result.keys) {
+        TransformMove(TTransform::Mirror, key);
+    }
+    std::sort(result.keys.begin(), result.keys.end(), IsBeforeByFields);
+    return result;
 }
 
 }  // namespace tarnwick

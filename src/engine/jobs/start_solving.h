@@ -41,4 +41,9 @@ inline constexpr int TasksLimit = 64;
 /// must be filled. Never throws for a bad position: it is refused with its message.
 TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int moves);
 
+/// The same on the board mirrored a-h, as a second opinion; the keys come back as moves of `position`. The
+/// job's hints name fields of the other board and are dropped. Where king and rooks can castle the two
+/// boards are two problems.
+TSolveResult StartSolvingMirrored(TSolveTask& task, const TChessboard& position, int moves);
+
 }  // namespace tarnwick
