@@ -43,8 +43,7 @@ bool MayStore(const TThreadContext& thread) noexcept {
 
 TRegisterResult FindKnown(TChessboard& board, TKnowable may) noexcept {
     const TThreadContext& thread = Thread(board);
-    if (!may.bRegister ||
-        (board.m_shPlies < LeastRegisterPlies && AdditionalPlies(thread) == 0)) {
+    if (!may.bRegister || (board.m_shPlies < LeastRegisterPlies && AdditionalPlies(thread) == 0)) {
         return may.bMemory ? AskMemory(board, thread) : TRegisterResult::Unknown;
     }
     // The way to the register's memory is long: it is sent for before the near memory is asked.
