@@ -27,7 +27,8 @@ struct TEngineOptions {
     int memoryPercent = 20;
     /// The same in MiB; negative: as memoryPercent says; 0: nothing is remembered.
     std::int64_t memoryMiB = -1;
-    /// The part of it that each search thread has to itself. 0 switches these memories off.
+    /// The part of it that each search thread has to itself, at most; a job with a register gives each
+    /// thread less. 0 switches these memories off.
     std::size_t positionMemoryMiB = 64;
     /// Use the register also in problems of five moves and less, where it costs more than it gives: for
     /// tests that want to see it at work on positions that a slow solver can judge.

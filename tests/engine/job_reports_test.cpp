@@ -66,13 +66,6 @@ TEST(ProgressTexts, TellTheLine) {
     EXPECT_EQ(ProgressText(line.Board()), "1. Qf6-f8, Rd7-d8, 2. Qf8-f5 SH:0h");
 }
 
-TEST(ProgressTexts, ALongProblemShowsLess) {
-    EXPECT_EQ(ShownHalfMoves(141), 24);
-    EXPECT_EQ(ShownHalfMoves(81), 48);
-    EXPECT_EQ(ShownHalfMoves(41), 144);
-    EXPECT_EQ(ShownHalfMoves(39), 288);
-}
-
 TEST(ThreadsLineInHand, IsToldWhileTheJobRuns) {
     TSolveTask task;
     task.m_line.Ask(0);

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/jobs/root_scout.h"
 #include "solve_support.h"
 #include "support/random_positions.h"
 #include "support/shared_problems.h"
@@ -102,12 +101,6 @@ TEST(MateScout, SolvesALongProblemInAJob) {
     const TSolveResult searched = Solve(board, 8, options);
     EXPECT_EQ(KeyTexts(board, scouted.keys), KeyTexts(board, searched.keys));
     EXPECT_LT(scouted.workNodes, searched.workNodes);
-}
-
-TEST(ScoutBudgets, GrowWithTheLength) {
-    EXPECT_EQ(ScoutBudget(11), 100'000u);
-    EXPECT_EQ(ScoutBudget(15), 900'000u);
-    EXPECT_EQ(ScoutBudget(599), 25'000'000u);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 
 #include "base/chess_exception.h"
 
+#include "support/child_process.h"
 #include "support/temp_folder.h"
 
 namespace tarnwick {
@@ -152,18 +153,6 @@ TEST(AtomicFile, RefusalNamesTheFileAndTheReason) {
     EXPECT_EQ(RefusalOf(folder.Path(), "text", TBackup::None),
               "Cannot save file " + folder.Path().string() + ": it is not a plain file");
     EXPECT_EQ(folder.Count(), 0U);
-}
-
-/// Runs the body in a child process and gives its exit status, -1 if a signal ended it.
-template <typename TBody>
-int StatusOfChild(TBody body) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::_exit(body());
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 /// Tries to save in the child: 0 refused, 1 saved.

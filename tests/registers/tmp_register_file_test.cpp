@@ -18,6 +18,7 @@
 
 #include "chess/fen.h"
 #include "registers/lz4_block.h"
+#include "support/child_process.h"
 #include "support/random_positions.h"
 #include "support/temp_folder.h"
 
@@ -468,18 +469,6 @@ TEST(TmpRegisterFile, RefusalsNameTheFileAndTheOperation) {
     const auto pTarget = MakeRegister();
     EXPECT_THROW(Load(*pTarget, missing), ChessException);
     EXPECT_THROW(Load(*pTarget, folder.Path()), ChessException);
-}
-
-/// Runs the body in a child process; its exit status, -1 if a signal ended it.
-template <typename TBody>
-int StatusOfChild(TBody body) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::_exit(body());
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 TEST(TmpRegisterFile, FullDiskLeavesTheOldFileAlone) {

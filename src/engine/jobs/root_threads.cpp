@@ -3,8 +3,6 @@
 #include <chrono>
 #include <thread>
 
-#include "base/chess_exception.h"
-
 #include "engine/jobs/moves_logger.h"
 #include "engine/jobs/root_scout.h"
 #include "engine/search/engine_state.h"
@@ -24,21 +22,16 @@ TRootThreads::TRootThreads(TRootSearch& search) : m_search(search) {
     if (threads < 2) {
         return;
     }
-    try {
-        for (std::size_t k = 0; k < threads; ++k) {
-            auto context = search.task.m_pContexts->Take();
-            context->StartAsChildOf(search.thread, static_cast<std::uint16_t>(k));
-            context->m_forkDepth = 0;
-            context->m_forkBoard = search.root;
-            context->m_forkBoard.m_pThread = context.get();
-            context->m_pRootBoard = &context->m_forkBoard;
-            if (search.task.m_options.bLogMoves) {
-                context->m_pLogger = std::make_unique<TMovesLogger>(*context, false);
-            }
-            m_contexts.push_back(std::move(context));
+    for (std::size_t k = 0; k < threads; ++k) {
+        auto context = search.task.m_pContexts->Take();
+        context->StartAsChildOf(search.thread, static_cast<std::uint16_t>(k), 0);
+        context->m_forkBoard = search.root;
+        context->m_forkBoard.m_pThread = context.get();
+        context->m_pRootBoard = &context->m_forkBoard;
+        if (search.task.m_options.bLogMoves) {
+            context->m_pLogger = std::make_unique<TMovesLogger>(*context, false);
         }
-    } catch (const std::bad_alloc&) {
-        throw ChessException("Out of memory.");
+        m_contexts.push_back(std::move(context));
     }
 }
 

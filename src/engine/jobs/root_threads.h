@@ -12,8 +12,8 @@ namespace tarnwick {
 
 class TRootThreads {
   public:
-    /// As many threads as the job wants and first moves can occupy. Throws ChessException "Out of
-    /// memory." when their contexts cannot be had.
+    /// As many threads as the job wants and first moves can occupy. Throws std::bad_alloc
+    /// or ChessException when their contexts cannot be had.
     explicit TRootThreads(TRootSearch& search);
     ~TRootThreads();
     TRootThreads(const TRootThreads&) = delete;

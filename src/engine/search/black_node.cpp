@@ -42,10 +42,6 @@ void PrepareChild(TChessboard& child) {
     }
 }
 
-/// The stores have just been asked. Below this depth the quicker-mate work in between is so short that
-/// nothing new can stand in them.
-constexpr int LeastPliesToAskAgain = 7;
-
 /// White's answer as the stores know it.
 template <class TNode>
 std::optional<TNodeResult> AnswerFromStores(const TNode& node, TChessboard& child) {
@@ -90,9 +86,7 @@ TNodeResult AnswerDefence(const TNode& node, TChessboard& child) {
         }
         return ResultMate;
     }
-    const bool bAskAgain = child.m_shPlies >= LeastPliesToAskAgain;
-    return TNode::Logs ? FindMateWhiteToMoveLogged(child, bAskAgain)
-                       : FindMateWhiteToMove(child, bAskAgain);
+    return TNode::Logs ? FindMateWhiteToMoveLogged(child, true) : FindMateWhiteToMove(child, true);
 }
 
 /// A repetition that belongs to an earlier ply is carried there; one of this very position means that

@@ -41,7 +41,7 @@ bool MayStore(const TThreadContext& thread) noexcept {
 
 }  // namespace
 
-TRegisterResult FindKnown(TChessboard& board, TKnowable may) noexcept {
+TRegisterResult FindKnown(const TChessboard& board, TKnowable may) noexcept {
     const TThreadContext& thread = Thread(board);
     if (!may.bRegister || (board.m_shPlies < LeastRegisterPlies && AdditionalPlies(thread) == 0)) {
         return may.bMemory ? AskMemory(board, thread) : TRegisterResult::Unknown;

@@ -36,7 +36,7 @@ inline TKnowable WhatMayBeKnown(const TChessboard& board) noexcept {
 }
 
 /// For a white node with so many plies left. QuickerMate is a mate within the additional moves.
-TRegisterResult FindKnown(TChessboard& board, TKnowable may) noexcept;
+TRegisterResult FindKnown(const TChessboard& board, TKnowable may) noexcept;
 
 /// What a white node has proved. The plies may exceed those left by additional moves.
 void StoreKnownMate(const TChessboard& board, TKnowable may, int plies, TMove mate) noexcept;

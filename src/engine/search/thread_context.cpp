@@ -9,10 +9,11 @@ TThreadContext::TThreadContext(TSolveTask& task, std::size_t memoryMiB)
 
 TThreadContext::~TThreadContext() = default;
 
-void TThreadContext::StartAsChildOf(const TThreadContext& parent, std::uint16_t number) {
+void TThreadContext::StartAsChildOf(const TThreadContext& parent, std::uint16_t number,
+                                    int forkDepth) {
     m_shThreadNumber = number;
     m_threadsPerLevel = parent.m_threadsPerLevel;
-    m_forkDepth = parent.m_forkDepth + 1;
+    m_forkDepth = forkDepth;
     m_pRegister = parent.m_pRegister;
     m_pRootBoard = parent.m_pRootBoard;
     m_pHooks = parent.m_pHooks;

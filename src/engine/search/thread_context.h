@@ -30,7 +30,7 @@ struct TThreadContext : TBoardStack {
 
     /// Ready to search below a node of the parent's: what the search below needs to know of the line
     /// above is copied, what the thread learned before it keeps.
-    void StartAsChildOf(const TThreadContext& parent, std::uint16_t number);
+    void StartAsChildOf(const TThreadContext& parent, std::uint16_t number, int forkDepth);
 
     TSolveTask& m_task;
     std::uint16_t m_shThreadNumber = 0;

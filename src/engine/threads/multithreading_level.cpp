@@ -140,7 +140,7 @@ bool TLevel::Add(int k, std::uint32_t number) {
     auto record = std::make_unique<TThreadRecord>();
     record->m_pContext = m_task.m_pContexts->Take();
     TThreadContext& context = *record->m_pContext;
-    context.StartAsChildOf(m_thread, static_cast<std::uint16_t>(number));
+    context.StartAsChildOf(m_thread, static_cast<std::uint16_t>(number), m_thread.m_forkDepth + 1);
     record->m_pBoard = &context.m_forkBoard;
     *record->m_pBoard = m_board;
     record->m_pBoard->m_pThread = &context;
