@@ -18,10 +18,15 @@ enum class TSearchFlag : std::uint16_t {
 
 /// m_stateBits, single bits. Bits 0-1 and 3-4 are fields with accessors beside the board record.
 enum class TStateBit : std::uint16_t {
+    QueenSaved = 0x20,            ///< Black took a figure that was to be saved: a queen.
+    RookSaved = 0x40,             ///< The same while rooks are not to be saved.
     WhitePromotedQueen = 0x80,    ///< White has promoted to a queen.
+    RelaxedByPawn = 0x100,        ///< The edge heuristics are off: a white pawn is near promotion.
     LoneMinorPiece = 0x400,       ///< White's only figure is one bishop or one knight, no pawns.
     WrongBishopRookPawn = 0x800,  ///< White has one bishop and pawns on a rook's file only, whose
                                   ///< queening field is of the other colour.
+    FigureLost = 0x2000,          ///< Black's last move took a white figure.
+    StrictnessOff = 0x8000        ///< The strict form of the edge heuristic is off in this line.
 };
 
 /// m_heuristicFlags: only the bits that the make operations look at themselves.

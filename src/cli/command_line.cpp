@@ -2,22 +2,21 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cmath>
 #include <functional>
 #include <iostream>
 #include <vector>
 
-#include "base/chess_exception.h"
 #include "base/version.h"
 
+#include "cli/analyze_command.h"
 #include "cli/bench_command.h"
+#include "cli/command_words.h"
 #include "cli/format_command.h"
-#include "cli/id_list.h"
 #include "cli/lint_command.h"
 #include "cli/perft_command.h"
 #include "cli/show_command.h"
 #include "cli/solve_command.h"
-#include "problems/chess_problem.h"
+#include "cli/solve_words.h"
 
 namespace tarnwick {
 namespace {
@@ -30,7 +29,7 @@ constexpr const char* StatusHelp =
     "  3  some input could not be read, a file not be written, or a problem was refused; what "
     "could\n"
     "     be read was solved\n"
-    "  4  stopped by a limit or by Ctrl-C\n"
+    "  4  stopped by a limit or by Ctrl-C, or left open because the last pass was off\n"
     "  5  an internal error\n"
     "When several hold, the order is 5, 2, 3, 4, 1.\n";
 
@@ -39,35 +38,6 @@ constexpr const char* MainExamples =
     "  tarnwick-cli solve problems.cp                       all problems of a file\n"
     "  tarnwick-cli solve --fen 7k/8/5K2/8/8/8/8/6R1 --mate 2\n"
     "  tarnwick-cli help solve                              everything about solve\n";
-
-constexpr const char* SolveExamples =
-    "FILE is a problem file (.cp) or a list of positions (.epd, lines like\n"
-    "'7k/8/5K2/8/8/8/8/6R1 w - - bm #2;'), or - for standard input.\n"
-    "\n"
-    "Examples:\n"
-    "  tarnwick-cli solve problems.cp --id 1,4-9 --all      all keys of seven problems\n"
-    "  tarnwick-cli solve list.epd --time 10 --brief        ten seconds and a line for each\n"
-    "  tarnwick-cli solve --fen '7k/8/5K2/8/8/8/8/6R1 w - -' --mate 2\n"
-    "  tarnwick-cli solve --json problems.cp | jq -r .keys[]\n"
-    "  tarnwick-cli solve problems.cp --id 7 --register 7.tmpReg --checkpoint 30\n"
-    "                                       a solve of days that survives a power cut\n"
-    "\n";
-
-std::string IdListFault(const std::string& text) {
-    try {
-        CIdList::Parse(text);
-        return "";
-    } catch (const ChessException& error) {
-        return error.what();
-    }
-}
-
-std::string SecondsFault(const std::string& text) {
-    double seconds = 0;
-    const bool bGood =
-        CLI::detail::lexical_cast(text, seconds) && std::isfinite(seconds) && seconds > 0;
-    return bGood ? "" : "must be a number above 0, like 10 or 0.5";
-}
 
 /// The program with its subcommands. Each command keeps its arguments here; the chosen one sets what is
 /// to be run.
@@ -85,7 +55,7 @@ class CCommandLine {
     TExitStatus NeedsProblems(const TArguments& arguments,
                               TExitStatus (*run)(const TArguments&, TConsole&));
     void AddSolve();
-    void AddSolveFiles(CLI::App& solve);
+    void AddAnalyze();
     void AddShow();
     void AddLint();
     void AddFormat();
@@ -99,6 +69,7 @@ class CCommandLine {
     std::function<TExitStatus()> m_run;
 
     TSolveArguments m_solve;
+    TAnalyzeArguments m_analyze;
     TShowArguments m_show;
     TLintArguments m_lint;
     TFormatArguments m_format;
@@ -112,6 +83,7 @@ CCommandLine::CCommandLine(TConsole& console)
     m_app.set_version_flag("--version", VersionLine, "Print the version and exit");
     m_app.footer(std::string(MainExamples) + '\n' + StatusHelp);
     AddSolve();
+    AddAnalyze();
     AddShow();
     AddLint();
     AddFormat();
@@ -140,107 +112,31 @@ TExitStatus CCommandLine::NeedsProblems(const TArguments& arguments,
     return run(arguments, m_console);
 }
 
-/// FILE or --fen. Returns the latter.
-CLI::Option* AddPositionOptions(CLI::App& command, std::string& file, std::string& fen) {
-    CLI::Option* fileOption =
-        command.add_option("FILE", file, "Problem file (.cp, .epd), or - for standard input")
-            ->type_name("");
-    return command.add_option("--fen", fen, "A position instead of a file, as FEN")
-        ->type_name("FEN")
-        ->excludes(fileOption);
-}
-
-CLI::Option* AddIdOption(CLI::App& command, std::string& ids) {
-    return command.add_option("--id", ids, "Only the problems of these numbers, like 1,4-9")
-        ->type_name("LIST")
-        ->check(IdListFault);
-}
-
-/// Numbers in that range; CLI11 would put the range into the middle of the help.
-template <typename TNumber>
-CLI::Validator Between(TNumber low, TNumber high) {
-    return CLI::Range(low, high).description("");
-}
-
 void CCommandLine::AddSolve() {
     CLI::App* solve = AddCommand("solve", "Solve the problems of a file, or one position",
                                  [this] { return NeedsProblems(m_solve, &RunSolve); });
-    CLI::Option* fen = AddPositionOptions(*solve, m_solve.file, m_solve.fen);
-    CLI::Option* mate =
-        solve->add_option("--mate", m_solve.mate, "The stipulation of that position: mate in N")
-            ->type_name("N")
-            ->check(Between(1, MaxStipulationMoves));
-    mate->needs(fen);
-    fen->needs(mate);
-    AddIdOption(*solve, m_solve.ids);
-    solve->add_flag("--all", m_solve.bAll,
-                    "Find all keys of every problem. Without it, the search ends at the first key "
-                    "unless the problem itself asks for more");
-    solve->add_option("--time", m_solve.seconds, "At most so long for each problem, like 10 or 0.5")
-        ->type_name("SECONDS")
-        ->check(SecondsFault);
-    solve->add_option("--nodes", m_solve.nodes, "At most about so many nodes for each problem")
-        ->type_name("N")
-        ->check(Between(std::uint64_t{1}, std::uint64_t{1} << 62));
-    solve
-        ->add_option("--threads", m_solve.threads,
-                     "Threads at the root, or T^L: also in the first L moves of White. Without it, "
-                     "one for each core")
-        ->type_name("T^L")
-        ->check(ThreadsFault);
-    solve
-        ->add_option("--memory", m_solve.memory,
-                     "For remembered positions: MiB, or a share of the machine's like 20% "
-                     "(which is the default); 0 remembers none")
-        ->type_name("MIB")
-        ->check(MemoryFault);
-    CLI::Option* quick = solve->add_flag(
-        "--quick", m_solve.bQuick,
-        "Drop repetitions at once: faster in long problems, but \"no mate\" is then no proof");
-    solve
-        ->add_flag_callback(
-            "--safe", [] {}, "Prove what is said, which is the default")
-        ->excludes(quick);
-    solve->add_flag("--no-scout", m_solve.bNoScout,
-                    "Search all moves at once, without a try for a mate by force before");
-    AddSolveFiles(*solve);
-    solve->add_flag("--brief", m_solve.bBrief, "One line for each problem, without its picture");
-    solve->add_flag("--json", m_solve.bJson,
-                    "One JSON object a line for each problem, and nothing else");
-    solve->footer(std::string(SolveExamples) + StatusHelp);
+    AddSolveWords(*solve, m_solve);
+    solve->footer(solve->get_footer() + StatusHelp);
 }
 
-/// What outlives a solve: the register, answers, logs.
-void CCommandLine::AddSolveFiles(CLI::App& solve) {
-    CLI::Option* file =
-        solve
-            .add_option("--register", m_solve.registerFile,
-                        "Go on from what this file (.tmpReg) knows, and save into it at the end, "
-                        "after Ctrl-C too. For one problem of at least six moves")
-            ->type_name("FILE");
-    solve
-        .add_option("--checkpoint", m_solve.checkpointMinutes,
-                    "Save into it also while solving, every so many minutes")
-        ->type_name("MINUTES")
-        ->check(SecondsFault)
-        ->needs(file);
-    solve
-        .add_option("--register-size", m_solve.registerMiB,
-                    "Its size before packing at most; the cheapest positions are left out")
-        ->type_name("MIB")
-        ->check(Between(std::uint64_t{1}, std::uint64_t{1} << 32))
-        ->needs(file);
-    solve.add_flag("--compress", m_solve.bCompress, "Pack it")->needs(file);
-    solve
-        .add_option(
-            "--solved", m_solve.solvedFolder,
-            "Keep answers to problems of at least seven moves in this folder, and take them "
-            "from there")
-        ->type_name("FOLDER");
-    solve
-        .add_option("--log-moves", m_solve.logFolder,
-                    "Log every move and answer into this folder, which makes solving much slower")
-        ->type_name("FOLDER");
+void CCommandLine::AddAnalyze() {
+    CLI::App* analyze =
+        AddCommand("analyze", "Say what kind of position it is and which heuristics would be tried",
+                   [this] { return NeedsProblems(m_analyze, &RunAnalyze); });
+    AddProblemOptions(*analyze, m_analyze.file, m_analyze.fen, m_analyze.mate);
+    AddIdOption(*analyze, m_analyze.ids);
+    analyze->add_flag("--no-trials", m_analyze.bNoTrials,
+                      "Judge by the placing of the men alone, without short searches");
+    analyze->add_flag("--json", m_analyze.bJson,
+                      "One JSON object a line for each problem, and nothing else");
+    analyze->footer(
+        "Nothing is solved. The passes are those that solve makes one after the other while no\n"
+        "key is found; after them comes the full search without heuristics. What the settings of\n"
+        "a problem file change in the choice is in it.\n"
+        "\n"
+        "Examples:\n"
+        "  tarnwick-cli analyze problems.cp --id 7\n"
+        "  tarnwick-cli analyze --json problems.cp | jq -r .heuristics\n");
 }
 
 void CCommandLine::AddShow() {

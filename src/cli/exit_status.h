@@ -5,11 +5,11 @@
 namespace tarnwick {
 
 enum class TExitStatus : int {
-    Success = 0,        ///< Every problem got an answer, each with a mate.
-    NoMate = 1,         ///< At least one problem was proved to have no mate.
-    WrongUsage = 2,     ///< The words on the command line make no sense.
-    Unreadable = 3,     ///< Some input could not be read, or a problem could not be taken.
-    Stopped = 4,        ///< A limit or Ctrl-C ended the work early.
+    Success = 0,     ///< Every problem got an answer, each with a mate.
+    NoMate = 1,      ///< At least one problem was proved to have no mate.
+    WrongUsage = 2,  ///< The words on the command line make no sense.
+    Unreadable = 3,  ///< Some input could not be read, or a problem could not be taken.
+    Stopped = 4,     ///< A limit or Ctrl-C ended the work early, or the last pass was not wanted.
     InternalError = 5,  ///< A fault of the program or of the machine: no memory, full disk.
 };
 

@@ -71,4 +71,12 @@ CJsonLine& CJsonLine::Add(const char* name, const std::vector<std::string>& valu
     return AddRaw(name, '[' + list + ']');
 }
 
+CJsonLine& CJsonLine::Add(const char* name, const std::vector<CJsonLine>& values) {
+    std::string list;
+    for (const CJsonLine& value : values) {
+        list += (list.empty() ? "" : ",") + value.Object();
+    }
+    return AddRaw(name, '[' + list + ']');
+}
+
 }  // namespace tarnwick

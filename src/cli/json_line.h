@@ -23,12 +23,15 @@ class CJsonLine {
     CJsonLine& Add(const char* name, int value);
     CJsonLine& Add(const char* name, std::uint64_t value);
     CJsonLine& Add(const char* name, const std::vector<std::string>& values);
+    /// A list of objects.
+    CJsonLine& Add(const char* name, const std::vector<CJsonLine>& values);
 
     /// The object with its line end.
-    std::string Line() const { return '{' + m_members + "}\n"; }
+    std::string Line() const { return Object() + '\n'; }
 
   private:
     CJsonLine& AddRaw(const char* name, const std::string& json);
+    std::string Object() const { return '{' + m_members + '}'; }
 
     std::string m_members;
 };

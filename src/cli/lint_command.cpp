@@ -13,6 +13,7 @@
 #include "chess/start_position.h"
 #include "cli/json_line.h"
 #include "cli/problem_input.h"
+#include "engine/heuristics/heuristic_list.h"
 
 namespace tarnwick {
 namespace {
@@ -49,6 +50,12 @@ std::vector<std::string> WarningsAbout(const TChessProblem& problem) {
     if (problem.m_type != TProblemType::Position && !problem.m_lineBoards.empty()) {
         warnings.emplace_back(
             "the moves take the place of the stipulation: nothing will be solved");
+    }
+    try {
+        THeuristicSet set;
+        ApplyHeuristicSettings(set, problem);
+    } catch (const ChessException& refused) {
+        warnings.emplace_back(refused.what());
     }
     try {
         const TChessboard board = CheckedPosition(problem);

@@ -119,6 +119,15 @@ bool AsksForMate(const TChessProblem& problem) {
     return problem.m_type == TProblemType::DirectMate && problem.m_lineBoards.empty();
 }
 
+const char* WhyNotForEngine(const TChessProblem& problem) {
+    if (AsksForMate(problem)) {
+        return nullptr;
+    }
+    return problem.m_type == TProblemType::SelfMate
+               ? "self-mates are not solved"
+               : "a position without a stipulation asks for nothing";
+}
+
 bool TProblemInput::HasFault() const {
     return std::ranges::any_of(remarks, &TInputRemark::bFault);
 }
@@ -170,6 +179,10 @@ TProblemInput ReadTypedProblem(const std::string& fen, int moves) {
     pProblem->m_originalBoard = *pProblem->m_pBoard;
     input.problems.push_back({std::move(pProblem), 0, typed.bBlackToMove});
     return input;
+}
+
+TProblemInput ReadFileOrFen(const std::string& file, const std::string& fen, int moves) {
+    return file.empty() ? ReadTypedProblem(fen, moves) : ReadProblems(ReadTextInput(file));
 }
 
 bool SelectProblems(TProblemInput& input, const CIdList& ids, CConsoleDialog& dialog) {

@@ -22,6 +22,9 @@ struct TInputProblem {
 /// Whether the problem asks for a direct mate. A line of moves takes the place of a stipulation.
 bool AsksForMate(const TChessProblem& problem);
 
+/// Why the problem is not one for the engine; null if it is.
+const char* WhyNotForEngine(const TChessProblem& problem);
+
 /// Something that the user should know about the input.
 struct TInputRemark {
     int nLine = 0;        ///< From 1; 0: about the whole input.
@@ -55,6 +58,10 @@ TTypedPosition ReadTypedPosition(const std::string& fen);
 /// The position that a user typed as a mate in so many moves, problem number 1; moves 0: a position
 /// without a stipulation. Throws as ReadTypedPosition does.
 TProblemInput ReadTypedProblem(const std::string& fen, int moves);
+
+/// The problems of a file, or with an empty name the typed one. Throws as ReadTextInput and
+/// ReadTypedProblem do.
+TProblemInput ReadFileOrFen(const std::string& file, const std::string& fen, int moves);
 
 /// Keeps the problems whose numbers are in the list. Tells the user which parts of the list met none.
 /// False, after a word about the numbers there are, if no problem is left.

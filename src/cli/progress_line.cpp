@@ -6,6 +6,7 @@
 #include "platform/stop_signals.h"
 
 #include "chess/move_text.h"
+#include "chess/trimmed_text.h"
 #include "cli/text_style.h"
 
 namespace tarnwick {
@@ -26,6 +27,7 @@ std::string ProgressText(const TSolveProgress& progress) {
     text += "  " + GroupedNumber(progress.nodes) + " nodes";
     const std::string speed = SpeedText(progress.nodes, progress.elapsedMs);
     text += (speed.empty() ? "" : "  " + speed) + "  " + DurationText(progress.elapsedMs);
+    text += progress.pass.empty() ? "" : "  " + progress.pass;
     return text + (progress.line.empty() ? "" : "  " + progress.line);
 }
 
@@ -33,19 +35,33 @@ CSolveWatcher::CSolveWatcher(TSolveTask& task, const TChessboard& board, CConsol
                              std::string label)
     : m_task(task), m_board(board), m_dialog(dialog), m_startMs(NowMs()) {
     m_progress.label = std::move(label);
+    FillCallbacks();
+    m_thread = std::jthread([this](const std::stop_token& stop) { Watch(stop); });
+}
+
+void CSolveWatcher::FillCallbacks() {
     m_task.m_callbacks.onFirstMove = [this](TMove move, int index, int count, int /*pass*/) {
         const std::lock_guard guard(m_lock);
         m_progress.move = MoveToDisplayText(move, m_board);
         m_progress.index = index;
         m_progress.count = count;
     };
-    m_thread = std::jthread([this](const std::stop_token& stop) { Watch(stop); });
+    m_task.m_callbacks.onPass = [this](const std::string& name, const std::string& heuristics) {
+        const std::lock_guard guard(m_lock);
+        m_progress.pass = "pass " + name + (heuristics.empty() ? "" : ": " + heuristics);
+    };
+    m_task.m_callbacks.onText = [this](const std::string& text) {
+        const std::lock_guard guard(m_lock);
+        m_progress.pass = Trimmed(text);
+    };
 }
 
 CSolveWatcher::~CSolveWatcher() {
     m_thread.request_stop();
     m_thread.join();
     m_task.m_callbacks.onFirstMove = nullptr;
+    m_task.m_callbacks.onPass = nullptr;
+    m_task.m_callbacks.onText = nullptr;
     m_dialog.Progress("");
 }
 

@@ -23,15 +23,16 @@ struct TSolveProgress {
     int count = 0;      ///< First moves altogether.
     std::uint64_t nodes = 0;
     std::uint64_t elapsedMs = 0;
+    std::string pass;  ///< "pass 1b: SH_AREKINGSNEAR", or what the engine does before its passes.
     std::string line;  ///< The line of play in hand.
 };
 
-/// "Problem 7, #4  move 3 of 35: Qd1-d8  1,234,567 nodes  2.1 M/s  0.588 s"
+/// "Problem 7, #4  move 3 of 35: Qd1-d8  1,234,567 nodes  2.1 M/s  0.588 s  pass 2"
 std::string ProgressText(const TSolveProgress& progress);
 
 class CSolveWatcher {
   public:
-    /// Fills the job's callback for first moves and starts the thread. Job, board and dialog must
+    /// Fills the job's callbacks for first moves, passes and texts and starts the thread. Job, board and dialog must
     /// outlive the watcher, and the board may not change meanwhile: moves are told by it.
     CSolveWatcher(TSolveTask& task, const TChessboard& board, CConsoleDialog& dialog,
                   std::string label);
@@ -41,6 +42,7 @@ class CSolveWatcher {
     ~CSolveWatcher();
 
   private:
+    void FillCallbacks();
     void Watch(const std::stop_token& stop);
     void ShowProgress();
 

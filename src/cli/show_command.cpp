@@ -51,8 +51,7 @@ std::string ProblemText(const TInputProblem& input, const CTextStyle& style,
 
 TExitStatus RunShow(const TShowArguments& arguments, TConsole& console) {
     const CIdList ids = CIdList::Parse(arguments.ids);
-    TProblemInput input = arguments.file.empty() ? ReadTypedProblem(arguments.fen, 0)
-                                                 : ReadProblems(ReadTextInput(arguments.file));
+    TProblemInput input = ReadFileOrFen(arguments.file, arguments.fen, 0);
     TellRemarks(input, console.dialog);
     const TExitStatus status = input.HasFault() ? TExitStatus::Unreadable : TExitStatus::Success;
     if (!SelectProblems(input, ids, console.dialog) && !ids.IsEmpty()) {

@@ -1,117 +1,18 @@
 #include "cli/solve_command.h"
 
-#include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <optional>
-#include <string_view>
-
-#include "base/chess_exception.h"
 #include "platform/clock.h"
-#include "platform/memory_info.h"
 #include "platform/stop_signals.h"
 
 #include "cli/make_folder.h"
 #include "cli/problem_input.h"
 #include "cli/progress_line.h"
 #include "cli/register_file.h"
+#include "cli/solve_options.h"
 #include "cli/solve_report.h"
 #include "cli/solved_folder.h"
-#include "engine/engine_texts.h"
-#include "engine/jobs/job_memory.h"
-#include "engine/threads/multithreading_level.h"
 
 namespace tarnwick {
 namespace {
-
-TProblemInput ReadInput(const TSolveArguments& arguments) {
-    return arguments.file.empty() ? ReadTypedProblem(arguments.fen, arguments.mate)
-                                  : ReadProblems(ReadTextInput(arguments.file));
-}
-
-struct TTypedThreads {
-    int threads = 1;
-    int levels = 1;
-};
-
-/// The whole text as a number; nothing for any other text.
-std::optional<int> WholeNumber(std::string_view text) {
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool bWhole = error == std::errc() && end == text.data() + text.size() && !text.empty();
-    return bWhole ? std::optional(number) : std::nullopt;
-}
-
-std::optional<TTypedThreads> ParseThreads(std::string_view text) {
-    const std::size_t sign = text.find('^');
-    const auto threads = WholeNumber(text.substr(0, sign));
-    const auto levels =
-        sign == std::string_view::npos ? std::optional(1) : WholeNumber(text.substr(sign + 1));
-    if (!threads || !levels || *threads < 1 || *threads > MostThreadsPerLevel || *levels < 1 ||
-        *levels > MostThreadsPerLevel) {
-        return std::nullopt;
-    }
-    return TTypedThreads{*threads, *levels};
-}
-
-void SetThreads(TEngineOptions& options, const std::string& text) {
-    const TTypedThreads typed =
-        ParseThreads(text).value_or(TTypedThreads{ProcessorsOfMachine().physical, 1});
-    options.threads = static_cast<std::uint16_t>(std::min(typed.threads, MostThreadsPerLevel));
-    options.multithreadingLevels = static_cast<std::uint8_t>(typed.levels);
-}
-
-/// The problem's own wish as the command line would write it; empty if it has none that makes sense.
-std::string ThreadsOf(const TChessProblem& problem) {
-    if (problem.m_threads == ThreadsNotGiven) {
-        return "";
-    }
-    std::string text = std::to_string(problem.m_threads);
-    if (problem.m_threadsAux != ThreadsNotGiven) {
-        text += "^" + std::to_string(problem.m_threadsAux);
-    }
-    return ThreadsFault(text).empty() ? text : "";
-}
-
-void SetMemory(TEngineOptions& options, std::string_view text) {
-    if (text.ends_with('%')) {
-        options.memoryPercent = *WholeNumber(text.substr(0, text.size() - 1));
-    } else if (!text.empty()) {
-        options.memoryMiB = *WholeNumber(text);
-    }
-}
-
-/// The limit in milliseconds, at least one: a short limit is not no limit.
-std::uint64_t LimitMs(double seconds) {
-    constexpr double MostSeconds = 1e9;  // thirty years, in range of all types on the way
-    return static_cast<std::uint64_t>(std::ceil(std::min(seconds, MostSeconds) * 1000));
-}
-
-/// The problem's own options, unless the user asks for all keys.
-TEngineOptions OptionsFor(const TChessProblem& problem, const TSolveArguments& arguments) {
-    const bool bStopOnDual = problem.m_shOptions.Has(TProblemOption::StopOnDual);
-    const bool bStopOn3Sol = problem.m_shOptions.Has(TProblemOption::StopOn3Sol);
-    const bool bManyKeys = problem.m_shOptions.Has(TProblemOption::AllSolutions);
-    TEngineOptions options;
-    options.bAllSolutions = arguments.bAll || bManyKeys || bStopOnDual || bStopOn3Sol;
-    options.bStopOnDual = !arguments.bAll && bStopOnDual;
-    options.bStopOn3Sol = !arguments.bAll && bStopOn3Sol;
-    options.timeLimitMs = LimitMs(arguments.seconds);
-    options.nodeLimit = arguments.nodes;
-    options.bQuickMode = arguments.bQuick && !problem.m_shOptions.Has(TProblemOption::SafeMode);
-    SetThreads(options, arguments.threads.empty() ? ThreadsOf(problem) : arguments.threads);
-    SetMemory(options, arguments.memory);
-    options.bScout = !arguments.bNoScout;
-    options.bLogMoves = !arguments.logFolder.empty();
-    options.logFolder = arguments.logFolder;
-    return options;
-}
-
-TSolveResult Refused(const char* message) {
-    TSolveResult result;
-    result.message = message;
-    return result;
-}
 
 std::string StopMessage(const TSolveTask& task, std::uint64_t elapsedMs) {
     if (StopRequested()) {
@@ -122,15 +23,21 @@ std::string StopMessage(const TSolveTask& task, std::uint64_t elapsedMs) {
     return bTime ? "time limit reached" : "node limit reached";
 }
 
+/// Nothing was found, and what could have proved that there is nothing was not wanted.
+std::string OpenMessage(const TEngineOptions& options) {
+    const std::string relaxation =
+        options.bLetRelaxHeuristics ? "" : ", and weaker heuristics by --relax";
+    return "the pass that could prove that there is no mate is switched off by --pass2" +
+           relaxation;
+}
+
 /// One problem of this command with the files that belong to it.
 TSolveResult SolveDirectMate(const TInputProblem& input, const TSolveArguments& arguments,
-                             const TEngineOptions& options, CConsoleDialog& dialog, bool* pbSaved) {
+                             CConsoleDialog& dialog, bool* pbSaved) {
     const TChessboard& board = *input.pProblem->m_pBoard;
     const int moves = MovesOfStipulation(*input.pProblem);
     TSolveTask task;
-    task.m_options = options;
-    task.m_sortHints = HintsOfProblem(*input.pProblem);
-    task.m_problemNumber = static_cast<std::uint32_t>(input.pProblem->m_id);
+    SetUpJob(task, *input.pProblem, arguments);
     task.m_callbacks.onError = [&dialog](const std::string& title, const std::string& text) {
         dialog.Tell(title + ": " + text);
     };
@@ -147,6 +54,8 @@ TSolveResult SolveDirectMate(const TInputProblem& input, const TSolveArguments& 
     *pbSaved = bRegisterSaved && bAnswerSaved;
     if (result.status == TSolveStatus::Stopped && result.message.empty()) {
         result.message = StopMessage(task, result.elapsedMs);
+    } else if (result.status == TSolveStatus::Open && result.message.empty()) {
+        result.message = OpenMessage(task.m_options);
     }
     return result;
 }
@@ -154,16 +63,13 @@ TSolveResult SolveDirectMate(const TInputProblem& input, const TSolveArguments& 
 TSolvedProblem SolveProblem(const TInputProblem& input, const TSolveArguments& arguments,
                             CConsoleDialog& dialog) {
     const TChessProblem& problem = *input.pProblem;
-    const TEngineOptions options = OptionsFor(problem, arguments);
     TSolvedProblem solved;
     solved.pInput = &input;
-    solved.bAll = options.bAllSolutions;
-    if (AsksForMate(problem)) {
-        solved.result = SolveDirectMate(input, arguments, options, dialog, &solved.bSaved);
-    } else if (problem.m_type == TProblemType::SelfMate) {
-        solved.result = Refused("self-mates are not solved");
+    solved.bAll = OptionsFor(problem, arguments).bAllSolutions;
+    if (const char* why = WhyNotForEngine(problem)) {
+        solved.result.message = why;
     } else {
-        solved.result = Refused("a position without a stipulation asks for nothing");
+        solved.result = SolveDirectMate(input, arguments, dialog, &solved.bSaved);
     }
     if (problem.m_shOptions.Has(TProblemOption::HasAnswers)) {
         solved.answers = CheckAnswers(problem.m_answers, solved.result, solved.bAll);
@@ -208,31 +114,12 @@ bool IsRegisterOfManyProblems(const TSolveArguments& arguments, const TProblemIn
 
 }  // namespace
 
-std::string ThreadsFault(const std::string& text) {
-    const auto typed = ParseThreads(text);
-    if (!typed) {
-        return "must be threads, or threads^levels, from 1 to 64 each, like 4 or 4^2";
-    }
-    return MostThreads(typed->threads, typed->levels) > MostThreadsAtOnce
-               ? UserText(TooManyThreadsText)
-               : "";
-}
-
-std::string MemoryFault(const std::string& text) {
-    const bool bPercent = text.ends_with('%');
-    const auto number = WholeNumber(std::string_view(text).substr(0, text.size() - bPercent));
-    const int most = bPercent ? 100 : 1 << 24;
-    return number && *number >= 0 && *number <= most
-               ? ""
-               : "must be a number of MiB, or a share of the machine's memory like 20%";
-}
-
 TExitStatus RunSolve(const TSolveArguments& arguments, TConsole& console) {
     const CIdList ids = CIdList::Parse(arguments.ids);
     if (!arguments.logFolder.empty()) {
         MakeFolder(arguments.logFolder);
     }
-    TProblemInput input = ReadInput(arguments);
+    TProblemInput input = ReadFileOrFen(arguments.file, arguments.fen, arguments.mate);
     TellRemarks(input, console.dialog);
     TExitStatus status = input.HasFault() ? TExitStatus::Unreadable : TExitStatus::Success;
     if (!SelectProblems(input, ids, console.dialog) && !ids.IsEmpty()) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "cli/console.h"
@@ -22,7 +23,13 @@ struct TSolveArguments {
     std::string memory;       ///< "MIB" or "P%"; empty: the engine's default.
     bool bQuick = false;
     bool bNoScout = false;
-    std::string registerFile;       ///< To load before and to save after; empty: none.
+    std::optional<int> schedulerLevels;  ///< 0 to 9; nothing: as the problem says.
+    bool bCustomScheduler = false;
+    std::string heuristics;    ///< "auto", "none" or a list; empty: "auto".
+    std::string relax;         ///< "on" or "off"; empty: on, unless the problem says when to stop.
+    std::string finalPass;     ///< The pass without heuristics, "on" or "off"; empty: on.
+    bool bNoForced = false;    ///< No passes of forcing moves in the beginning.
+    std::string registerFile;  ///< To load before and to save after; empty: none.
     double checkpointMinutes = 0;   ///< Between saves while solving; 0: none.
     std::uint64_t registerMiB = 0;  ///< Largest size of that file before packing; 0: any.
     bool bCompress = false;         ///< Pack it.
@@ -31,11 +38,6 @@ struct TSolveArguments {
     bool bJson = false;
     bool bBrief = false;  ///< One line a problem instead of picture and all.
 };
-
-/// "4" or "4^2": threads and levels of threads. Returns what is wrong with the text; empty: nothing.
-std::string ThreadsFault(const std::string& text);
-/// "512" or "20%": MiB, or a share of the machine's memory.
-std::string MemoryFault(const std::string& text);
 
 TExitStatus RunSolve(const TSolveArguments& arguments, TConsole& console);
 

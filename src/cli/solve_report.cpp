@@ -9,6 +9,8 @@
 namespace tarnwick {
 namespace {
 
+constexpr const char* ScoutPassName = "scout";
+
 const TChessProblem& Record(const TSolvedProblem& solved) {
     return *solved.pInput->pProblem;
 }
@@ -34,6 +36,8 @@ const char* StatusName(TSolveStatus status) {
             return "no-mate";
         case TSolveStatus::Stopped:
             return "stopped";
+        case TSolveStatus::Open:
+            return "open";
         default:
             return "refused";
     }
@@ -83,10 +87,41 @@ std::string DifferenceText(const TSolvedProblem& solved) {
     return Joined(parts, "; ");
 }
 
+/// ", key found in pass 1b"; empty without a key.
+std::string PassFoundText(const TSolveResult& result) {
+    if (result.passFound.empty()) {
+        return "";
+    }
+    return result.passFound == ScoutPassName ? ", key found by the scout"
+                                             : ", key found in pass " + result.passFound;
+}
+
 std::string EffortText(const TSolveResult& result) {
     const std::string speed = SpeedText(result.workNodes, result.elapsedMs);
     return DurationText(result.elapsedMs) + ", " + CountText(result.workNodes, "node") +
-           (speed.empty() ? "" : ", " + speed);
+           (speed.empty() ? "" : ", " + speed) + PassFoundText(result);
+}
+
+const char* ResultName(const TPassReport& pass) {
+    if (pass.keysFound > 0) {
+        return "mate";
+    }
+    return pass.bComplete ? "none" : "stopped";
+}
+
+std::vector<CJsonLine> PassesJson(const TSolveResult& result) {
+    std::vector<CJsonLine> passes;
+    for (const TPassReport& pass : result.passes) {
+        passes.push_back(CJsonLine()
+                             .Add("name", pass.name)
+                             .Add("heuristics", pass.heuristics)
+                             .Add("nodes", pass.nodes)
+                             .Add("ms", pass.ms)
+                             .Add("keys", pass.keysFound)
+                             .Add("result", ResultName(pass))
+                             .Add("complete", pass.bComplete));
+    }
+    return passes;
 }
 
 TExitStatus StatusOf(const TSolveResult& result) {
@@ -96,6 +131,7 @@ TExitStatus StatusOf(const TSolveResult& result) {
         case TSolveStatus::NoMate:
             return TExitStatus::NoMate;
         case TSolveStatus::Stopped:
+        case TSolveStatus::Open:
             return TExitStatus::Stopped;
         default:
             return TExitStatus::Unreadable;
@@ -198,6 +234,8 @@ std::string OutcomeJson(const TSolvedProblem& solved) {
         .Add("message", Joined(messages, "; "))
         .Add("safe_mode", result.bSafeMode)
         .Add("register", result.registerElements)
+        .Add("passes", PassesJson(result))
+        .Add("pass_found", result.passFound)
         .Line();
 }
 
@@ -205,6 +243,7 @@ void CSolveSummary::Add(const TSolvedProblem& solved) {
     m_mates += solved.result.status == TSolveStatus::Mate ? 1 : 0;
     m_noMates += solved.result.status == TSolveStatus::NoMate ? 1 : 0;
     m_stopped += solved.result.status == TSolveStatus::Stopped ? 1 : 0;
+    m_open += solved.result.status == TSolveStatus::Open ? 1 : 0;
     m_refused += solved.result.status == TSolveStatus::Refused ? 1 : 0;
     m_agree += solved.answers.verdict == TAnswerVerdict::Agree ? 1 : 0;
     if (solved.answers.verdict == TAnswerVerdict::Differ) {
@@ -217,14 +256,15 @@ void CSolveSummary::Add(const TSolvedProblem& solved) {
 }
 
 std::uint64_t CSolveSummary::Count() const {
-    return m_mates + m_noMates + m_stopped + m_refused;
+    return m_mates + m_noMates + m_stopped + m_open + m_refused;
 }
 
 std::string CSolveSummary::Text(const CTextStyle& style, std::uint64_t elapsedMs) const {
     std::string text = CountText(Count(), "problem") + " in " + DurationText(elapsedMs) + ": " +
                        GroupedNumber(m_mates) + " solved, " + GroupedNumber(m_noMates) +
                        " without mate, " + GroupedNumber(m_stopped) + " stopped, " +
-                       GroupedNumber(m_refused) + " refused\n";
+                       GroupedNumber(m_refused) + " refused" +
+                       (m_open > 0 ? ", " + GroupedNumber(m_open) + " left open" : "") + '\n';
     if (m_agree + m_differ.size() > 0) {
         text += "Answers of the file: " + style.Good(GroupedNumber(m_agree) + " agree");
         if (!m_differ.empty()) {

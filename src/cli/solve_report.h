@@ -39,8 +39,9 @@ std::string OutcomeText(const TSolvedProblem& solved, const CTextStyle& style);
 std::string BriefText(const TSolvedProblem& solved, const CTextStyle& style);
 
 /// The object of `--json`: id, fen, mate, status, keys, all, exact, nodes, ms, message, safe_mode,
-/// register (positions in it at the end). Programs read
-/// it: members may be added behind these and never change.
+/// register (positions in it at the end), passes, pass_found (name of the pass of the first key, or "scout"). A pass
+/// has name, heuristics, nodes, ms, keys (how many it found), result ("mate", "none" or "stopped") and
+/// complete. Programs read it: members may be added behind these and never change.
 std::string OutcomeJson(const TSolvedProblem& solved);
 
 class CSolveSummary {
@@ -56,6 +57,7 @@ class CSolveSummary {
     std::uint64_t m_mates = 0;
     std::uint64_t m_noMates = 0;
     std::uint64_t m_stopped = 0;
+    std::uint64_t m_open = 0;
     std::uint64_t m_refused = 0;
     std::uint64_t m_agree = 0;
     std::vector<int> m_differ;  ///< Numbers of the problems.

@@ -102,4 +102,24 @@ inline constexpr TUserText TooManyThreadsText = {
     .en = "Too many threads and/or multithreading levels.",
     .uk = "Забагато потоків або рівнів багатопотоковості."};
 
+inline constexpr TUserText InitialCheckText = {.pl = "Wstępne sprawdzanie typu pozycji...",
+                                               .en = "Initial position type check...",
+                                               .uk = "Початкова перевірка типу позиції..."};
+inline constexpr TUserText SafeModeText = {
+    .pl = "Tryb bezpieczny WŁ. ", .en = "Safe mode ON ", .uk = "Безпечний режим УВІМК. "};
+inline constexpr TUserText NoHeuristicsText = {.pl = "Nie wybrano żadnych heurystyk.",
+                                               .en = "No heuristics selected.",
+                                               .uk = "Не вибрано жодних евристик."};
+inline constexpr TUserText PassHeadText = {.pl = "Przebieg ", .en = "Pass ", .uk = "Прохід "};
+inline constexpr TUserText TimeDependentText = {
+    .pl =
+        "\n\n* rozluźnienie zależne od czasu (niedeterministyczne) - możliwe, ale następuje tylko "
+        "wtedy, gdy wszystkie poprzednie przebiegi zakończą się w krótkim czasie",
+    .en =
+        "\n\n* time-dependent relaxation (non-deterministic) - possible, but actually occurs only "
+        "if all previous passes are completed in a short time",
+    .uk =
+        "\n\n* послаблення, залежне від часу (недетерміноване) - можливе, але відбувається лише "
+        "тоді, коли всі попередні проходи завершено за короткий час"};
+
 }  // namespace tarnwick

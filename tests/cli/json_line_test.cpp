@@ -24,6 +24,13 @@ TEST(JsonLine, EmptyObjectIsAnObject) {
     EXPECT_EQ(CJsonLine().Line(), "{}\n");
 }
 
+TEST(JsonLine, ListsObjectsInObjects) {
+    const std::vector<CJsonLine> parts = {CJsonLine().Add("a", 1), CJsonLine().Add("b", "\"")};
+    EXPECT_EQ(CJsonLine().Add("parts", parts).Add("none", std::vector<CJsonLine>{}).Line(),
+              R"({"parts":[{"a":1},{"b":"\""}],"none":[]})"
+              "\n");
+}
+
 TEST(JsonText, EscapesWhatWouldEndTheTextOrTheLine) {
     EXPECT_EQ(JsonText("\"\\\n\r\t"), R"("\"\\\n\r\t")");
     EXPECT_EQ(JsonText(std::string_view("\0\x01\x1f", 3)), R"("\u0000\u0001\u001f")");

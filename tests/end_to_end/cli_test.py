@@ -25,7 +25,8 @@ MATE_2_SWAPPED = "6r1/8/8/8/8/5k2/8/7K"
 START = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR"  # with a long stipulation: never ends
 FOUR_KEYS = "7k/8/5KQ1/8/8/8/8/RR6"  # mates in one
 FIELDS = ["id", "fen", "mate", "status", "keys", "all", "exact", "nodes", "ms", "message", "safe_mode",
-          "register"]
+          "register", "passes", "pass_found"]
+PASS_FIELDS = ["name", "heuristics", "nodes", "ms", "keys", "result", "complete"]
 
 
 def problem(number, stipulation, position=f"FEN: {MATE_2}", answer=""):
@@ -78,7 +79,7 @@ class Usage(CliCase):
 
     def test_help_of_all_commands_has_their_options(self):
         for command, word in [("solve", "--mate"), ("show", "--unicode"), ("lint", "--json"),
-                              ("format", "--in-place"), ("perft", "--divide"), ("bench", "--json")]:
+                              ("format", "--in-place"), ("analyze", "--no-trials"), ("perft", "--divide"), ("bench", "--json")]:
             out, err = self.expect(0, command, "--help")
             self.assertIn(word, out)
             self.assertEqual(err, "")
@@ -130,8 +131,12 @@ class SolveJson(CliCase):
         self.assertIs(type(found["nodes"]), int)
         self.assertIs(type(found["ms"]), int)
         found["nodes"] = found["ms"] = 0
-        self.assertEqual(found, dict(zip(FIELDS, [1, MATE_2, 2, "mate", ["Kf6-f7"], True, True, 0,
-                                                  0, "", True, 0])))
+        passes = found.pop("passes")
+        self.assertEqual([list(one) for one in passes], [PASS_FIELDS] * len(passes))
+        self.assertEqual([one["name"] for one in passes if one["keys"]], [found["pass_found"]])
+        self.assertEqual(found, dict(zip([f for f in FIELDS if f != "passes"],
+                                         [1, MATE_2, 2, "mate", ["Kf6-f7"], True, True, 0, 0, "",
+                                          True, 0, "0"])))
 
     def test_no_mate_is_a_proof(self):
         [found] = self.solve_json(1, "--fen", MATE_2, "--mate", "1")
@@ -330,6 +335,103 @@ class SolveFiles(CliCase):
                     self.folder)
         names = [name for name in os.listdir(self.folder) if name.startswith("MovesLogger")]
         self.assertEqual(sorted(names), [f"MovesLogger_problem1_thread{i}.log" for i in (0, 1)])
+
+
+class SolveHeuristics(CliCase):
+    """Passes with heuristics and who decides about them."""
+
+    def passes(self, status, *words, stdin=""):
+        """The object, and (name, heuristics) of its passes."""
+        [found] = self.solve_json(status, "--threads", "1", *words, stdin=stdin)
+        return found, [(one["name"], one["heuristics"]) for one in found["passes"]]
+
+    def passes8(self, words, *more):
+        text = problem(1, "#8 AllSolutions " + words, f"FEN: {MATE_8}")
+        found, passes = self.passes(0, "-", *more, stdin=text)
+        self.assertEqual(found["keys"], ["Ng3-f1"])
+        return found, passes
+
+    def test_wrong_words(self):
+        for words in (["--heuristics", "SH_NOSUCH"], ["--heuristics", ""], ["--relax", "maybe"],
+                      ["--pass2", "2"], ["--scheduler", "10"], ["--scheduler", "-1"],
+                      ["--custom-scheduler"]):
+            out, err = self.expect(2, "solve", "--fen", MATE_2, "--mate", "2", *words)
+            self.assertEqual(out, "", words)
+            self.assertIn("help", err, words)
+
+    def test_who_chooses(self):
+        _, automatic = self.passes8("")
+        self.assertEqual(automatic[0], ("0", ""))
+        self.assertEqual([name for name, _ in automatic[1:3]], ["1", "1b"])
+        self.assertIn("SH_KEEPKINGONTHEEDGE", automatic[1][1])
+        self.assertEqual(automatic[-1], ("2", ""))
+        _, given = self.passes8("SH_AREKINGSNEAR()", "--heuristics", "sh_keepkingnearcorner( 3s )")
+        self.assertEqual(given[1], ("1", "SH_KEEPKINGNEARCORNER(3S)"))
+        found, none = self.passes8("SH_AREKINGSNEAR()", "--heuristics", "none")
+        self.assertEqual(none, [("0", ""), ("2", "")])
+        self.assertEqual(found["pass_found"], "2")
+
+    def test_problem_changes_the_choice(self):
+        _, passes = self.passes8("SH_KEEPKINGONTHEEDGE OFF SH_AREKINGSNEAR()")
+        self.assertIn("SH_AREKINGSNEAR", passes[1][1])
+        self.assertNotIn("SH_KEEPKINGONTHEEDGE", passes[1][1])
+        bad = problem(1, "#8 SH_KEEPKINGNEARCORNER(zzz)", f"FEN: {MATE_8}")
+        found, _ = self.passes(3, "-", stdin=bad)
+        self.assertEqual(found["status"], "refused")
+        self.assertIn("SH_KEEPKINGNEARCORNER(zzz)", found["message"])
+        self.assertIn("SH_KEEPKINGNEARCORNER(zzz)", self.expect(0, "lint", "-", stdin=bad)[0])
+
+    def test_no_weaker_heuristics_behind_the_first_key(self):
+        def names_behind_the_key(*more):
+            found, passes = self.passes8("STOPRELAXHEURISTICSONFIRSTSOLUTION", *more)
+            names = [name for name, _ in passes]
+            self.assertEqual(found["pass_found"][0], "1", "no pass with heuristics finds it any more")
+            return names[names.index(found["pass_found"]) + 1:]
+
+        self.assertEqual(names_behind_the_key(), ["2"])
+        self.assertGreater(len(names_behind_the_key("--relax", "on")), 1)
+
+    def test_without_the_last_pass_nothing_is_proved(self):
+        words = ["--fen", MATE_8, "--mate", "6"]
+        found, passes = self.passes(4, *words, "--pass2", "off", "--relax", "off")
+        self.assertEqual((found["status"], found["exact"], len(passes)), ("open", False, 2))
+        self.assertRegex(found["message"], "--pass2.*--relax")
+        out, _ = self.expect(4, "solve", *words, "--pass2", "off")
+        self.assertIn("No key found (", out)
+        found, passes = self.passes(1, *words, "--relax", "off")
+        self.assertEqual((found["status"], found["exact"], passes[-1]), ("no-mate", True, ("2", "")))
+
+
+class Analyze(CliCase):
+    def test_text(self):
+        out, err = self.expect(0, "analyze", "--fen", MATE_8, "--mate", "8")
+        self.assertEqual(err, "")
+        self.assertIn("Your position: mate in 8\n", out)
+        self.assertIn("Safe mode: as you choose\n", out)
+        chosen = re.search(r"^Heuristics: (.*)$", out, re.M)[1]
+        self.assertIn(f"\nPass 1: {chosen}\n\nPass 1b: ", out)
+        self.assertIn("The problem is short", self.expect(0, "analyze", "--fen", MATE_8, "--mate", "5")[0])
+
+    def test_passes_are_those_of_solve(self):
+        text = problem(1, "#8 SH_SAVEQUEEN/ROOK()", f"FEN: {MATE_8}")
+        [analyzed] = [json.loads(line) for line in
+                      self.expect(0, "analyze", "--json", "-", stdin=text)[0].splitlines()]
+        self.assertEqual(analyzed["heuristics"], analyzed["passes"][0]["heuristics"])
+        self.assertIn("SH_SAVEQUEEN/ROOK", analyzed["heuristics"])
+        [solved] = self.solve_json(0, "--all", "--threads", "1", "-", stdin=text)
+        made = [(one["name"], one["heuristics"]) for one in solved["passes"][1:-1]]
+        self.assertEqual([(one["name"], one["heuristics"]) for one in analyzed["passes"]
+                          if not one["time_dependent"]][:len(made)], made)
+        self.assertIn("1b", [name for name, _ in made])
+
+    def test_what_cannot_be_analyzed(self):
+        text = problem(1, "s#3") + problem(2, "#301") + problem(3, "#8", f"FEN: {MATE_8}")
+        out, _ = self.expect(3, "analyze", "--json", self.write("a.cp", text))
+        found = [json.loads(line) for line in out.splitlines()]
+        self.assertEqual([one["status"] for one in found], ["refused", "refused", "analyzed"])
+        self.assertNotEqual(found[1]["message"], "")
+        self.expect(2, "analyze")
+        self.expect(2, "analyze", "--fen", MATE_8)
 
 
 class SolveText(CliCase):

@@ -17,6 +17,9 @@ constexpr std::uint64_t ShareOfScout = 10;
 /// The register keeps everything, so a thread's memory beside it need only save the way there: it is of
 /// the size of a cache near the processor.
 constexpr std::uint64_t BesideRegisterMiB = 1;
+/// Slots of boards and move hints.
+constexpr std::uint64_t BoardsOfThread = std::uint64_t{300} << 10;
+constexpr std::uint64_t LeastJuggledThreads = 32;
 constexpr std::uint64_t MostForScout = std::uint64_t{256} << 20;
 
 }  // namespace
@@ -41,6 +44,12 @@ std::uint64_t MostThreads(int threads, int levels) {
         all += ofLevel;
     }
     return all;
+}
+
+int MostJuggledThreads(const TEngineOptions& options) {
+    const std::uint64_t share = RegisterLimitsFor(options).m_memoryLimit / ShareOfThreads;
+    const std::uint64_t threads = share / ((BesideRegisterMiB << 20) + BoardsOfThread);
+    return static_cast<int>(std::clamp(threads, LeastJuggledThreads, MostThreadsAtOnce));
 }
 
 std::size_t ScoutTableMiB(const TEngineOptions& options) {

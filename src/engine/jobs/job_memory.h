@@ -25,4 +25,8 @@ inline constexpr std::uint64_t MostThreadsAtOnce = 4200;
 /// Most search threads that run at once: the root's, and those of each further level.
 std::uint64_t MostThreads(int threads, int levels);
 
+/// Most threads of the scheduler, which add to those: as many as the memory for the threads allows, and
+/// always some. Most of them wait, but each has its boards.
+int MostJuggledThreads(const TEngineOptions& options);
+
 }  // namespace tarnwick

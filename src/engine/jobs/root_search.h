@@ -7,6 +7,8 @@
 
 #include "chess/chessboard.h"
 #include "chess/move.h"
+#include "engine/jobs/heuristic_rung.h"
+#include "engine/jobs/pass_report.h"
 #include "engine/jobs/solve_task.h"
 #include "engine/search/thread_context.h"
 
@@ -25,6 +27,7 @@ struct TRootMove {
 };
 
 inline constexpr int SievePass = 0;
+inline constexpr int HeuristicPass = 1;
 inline constexpr int FinalPass = 2;
 
 /// A root at work. With several threads, what follows `lock` is shared and under it.
@@ -37,7 +40,11 @@ struct TRootSearch {
     std::size_t next = 0;  ///< First move of this pass that no thread has taken.
     int solutions = 0;
     bool bStopRuleMet = false;  ///< One solution wanted and found, or a dual, or three.
-    std::string error{};        ///< Text of the exception that ended a thread, if one did.
+    std::string found{};        ///< Name of the pass or scout that found the first key.
+    std::string passName{};     ///< The pass in hand.
+    std::vector<TPassReport> passes{};
+    std::vector<THeuristicRung> ladder{};  ///< All sets of the passes with heuristics; empty: none.
+    std::string error{};  ///< Text of the exception that ended a thread, if one did.
 };
 
 /// The root must be prepared, with m_shPlies, m_shRootPlies, m_pTask and m_pThread set. Fills
@@ -46,6 +53,9 @@ struct TRootSearch {
 /// Returns 0, or with bAllowForce, before anything was searched, the number of threads that the engine
 /// would rather have, negated.
 int FindMateAtRoot(TRootSearch& search, bool bAllowForce);
+
+/// Who has found a key, if it is the first. To be called before AddSolution.
+void NoteFinder(TRootSearch& search, const std::string& name);
 
 /// The first move of that index mates. Reports it, once, and sees whether that is enough.
 void AddSolution(TRootSearch& search, std::size_t i);

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <thread>
 
+#include "engine/jobs/heuristic_passes.h"
 #include "engine/jobs/moves_logger.h"
 #include "engine/jobs/root_scout.h"
 #include "engine/search/engine_state.h"
@@ -35,6 +36,10 @@ TRootThreads::TRootThreads(TRootSearch& search) : m_search(search) {
     }
 }
 
+TScoutShare TRootThreads::ShareOf(bool bScout, int thread, int threads) const {
+    return bScout ? ScoutShareOf(m_search, thread, threads) : TScoutShare{0, 0};
+}
+
 TRootThreads::~TRootThreads() {
     for (auto& context : m_contexts) {
         context->m_pLogger.reset();
@@ -45,19 +50,17 @@ TRootThreads::~TRootThreads() {
 void TRootThreads::RunPass(int pass, bool bScout) {
     m_search.next = 0;
     if (m_contexts.empty()) {
-        ThreadBody(m_search.thread, m_search.root, pass, bScout);
+        ThreadBody(m_search.thread, m_search.root, pass, ShareOf(bScout, 0, 1));
     } else {
         RunTogether(pass, bScout);
     }
 }
 
 void TRootThreads::ThreadBody(TThreadContext& thread, TChessboard& root, int pass,
-                              bool bScout) noexcept {
+                              TScoutShare share) noexcept {
     try {
         m_search.task.m_running.Add(thread.m_shThreadNumber, thread);
-        if (bScout) {
-            ScoutRoot(m_search, thread, root);
-        }
+        ScoutRoot(m_search, thread, root, share);
         tarnwick::RunPass(m_search, thread, root, pass);
     } catch (const std::exception& fault) {  // of a callback: the search itself throws nothing
         const std::lock_guard guard(m_search.lock);
@@ -74,18 +77,20 @@ void TRootThreads::EndThread() noexcept {
     m_ended.notify_one();
 }
 
-/// The last thread scouts: the others have the better moves. Threads that cannot be made leave their
+/// Threads that cannot be made leave their
 /// moves to those that can; without any the caller's does it all.
 void TRootThreads::RunTogether(int pass, bool bScout) {
     std::vector<std::jthread> threads;
     threads.reserve(m_contexts.size());
     m_running = m_contexts.size();
-    for (std::size_t k = 0; k < m_contexts.size(); ++k) {
-        TThreadContext& context = *m_contexts[k];
-        const bool bLast = k + 1 == m_contexts.size();
+    const THeuristicRung rung = RungOf(m_search.thread, m_search.root);
+    const int count = static_cast<int>(m_contexts.size());
+    for (int k = 0; k < count; ++k) {
+        TThreadContext& context = *m_contexts[static_cast<std::size_t>(k)];
+        TakeRung(rung, context, context.m_forkBoard);
         try {
-            threads.emplace_back([this, &context, pass, bScoutNow = bScout && bLast] {
-                ThreadBody(context, context.m_forkBoard, pass, bScoutNow);
+            threads.emplace_back([this, &context, pass, share = ShareOf(bScout, k, count)] {
+                ThreadBody(context, context.m_forkBoard, pass, share);
                 EndThread();
             });
         } catch (const std::exception&) {
@@ -94,7 +99,7 @@ void TRootThreads::RunTogether(int pass, bool bScout) {
         }
     }
     if (threads.empty()) {
-        ThreadBody(m_search.thread, m_search.root, pass, bScout);
+        ThreadBody(m_search.thread, m_search.root, pass, ShareOf(bScout, 0, 1));
     }
     WaitForAll();
 }

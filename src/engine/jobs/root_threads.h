@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "engine/jobs/root_scout.h"
 #include "engine/jobs/root_search.h"
 
 namespace tarnwick {
@@ -19,13 +20,15 @@ class TRootThreads {
     TRootThreads(const TRootThreads&) = delete;
     TRootThreads& operator=(const TRootThreads&) = delete;
 
-    /// Runs one pass to its end: all moves tried, a stop rule met or a stop. bScout: one thread scouts
-    /// before it takes moves.
+    /// Runs one pass under the heuristics of the search's root, to its end: all moves tried, a stop rule
+    /// met or a stop. bScout: threads scout before they take moves.
     void RunPass(int pass, bool bScout);
 
   private:
     void RunTogether(int pass, bool bScout);
-    void ThreadBody(TThreadContext& thread, TChessboard& root, int pass, bool bScout) noexcept;
+    void ThreadBody(TThreadContext& thread, TChessboard& root, int pass,
+                    TScoutShare share) noexcept;
+    TScoutShare ShareOf(bool bScout, int thread, int threads) const;
     void EndThread() noexcept;
     void WaitForAll();
     void TellWaiting();

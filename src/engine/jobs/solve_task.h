@@ -11,9 +11,13 @@
 #include <string>
 #include <vector>
 
+#include "platform/thread_priority.h"
+
 #include "chess/chessboard.h"
 #include "chess/start_position.h"
 #include "engine/engine_options.h"
+#include "engine/heuristics/heuristic_list.h"
+#include "engine/heuristics/special_heuristics.h"
 #include "engine/jobs/engine_control.h"
 #include "engine/jobs/progress_text.h"
 #include "engine/ordering/sort_hints.h"
@@ -36,6 +40,11 @@ struct TSolveCallbacks {
     std::function<void(TMove key)> onSolution;
     /// Something went wrong that the user has to know: title and text.
     std::function<void(const std::string& title, const std::string& text)> onError;
+    /// A pass begins: its name and the list of its heuristics, empty without.
+    std::function<void(const std::string& name, const std::string& heuristics)> onPass;
+    /// A line for the solving output or the status: the analysis at work, safe mode, a step of relaxation
+    /// that depended on time.
+    std::function<void(const std::string& text)> onText;
     /// Once a second while the job waits for its threads.
     std::function<void(const std::string& text)> onWaiting;
     /// The engine would rather have that many threads. True: take them. Called from the thread of
@@ -52,6 +61,10 @@ struct TSolveTask {
     // ---- Filled by the caller
     TEngineOptions m_options;
     TSolveCallbacks m_callbacks;
+    /// With THeuristicsFrom::User: the set of the first pass.
+    THeuristicSet m_givenHeuristics;
+    /// Changes that the problem itself wants to the chosen set. Empty: none. May throw ChessException.
+    std::function<void(THeuristicSet&)> m_adjustHeuristics;
     TSortHints m_sortHints;             ///< The user's hints for the order of White's moves.
     std::uint32_t m_problemNumber = 0;  ///< In its file; names the logs.
     bool m_bMirrored = false;           ///< The run on the board mirrored a-h.
@@ -68,15 +81,28 @@ struct TSolveTask {
     /// No earlier position above these plies is a repetition.
     std::uint16_t m_shRepetitionFrom = 0;
     bool m_bSafeMode = true;
+    TSpecialHeuristics m_heuristics;  ///< Parameters of the pass in hand; threads copy them.
+    /// The analysis found that the black king can hardly be held on the edge.
+    bool m_bEdgeHardToHold = false;
     std::uint16_t m_threadCount = 1;          ///< Threads at the root, and of each further level.
     std::uint8_t m_multithreadingLevels = 1;  ///< White moves from the root that are spread.
     std::uint16_t m_forcedThreads = 0;  ///< Above 1 once the user has taken the engine's advice.
-    std::int64_t m_startMs = 0;         ///< Clock at the first move.
+    /// White moves behind those whose moves take turns, 0 to 9; 0: no scheduler at all.
+    std::uint8_t m_schedulerLevels = 0;
+    bool m_bCustomScheduler = false;  ///< Turns also further down, where hints name several moves.
+    int m_maxRunningThreads = 0;      ///< Threads that may take turns or wait for theirs.
+    TThreadPriority m_threadPriority = TThreadPriority::Normal;
+    std::int64_t m_startMs = 0;  ///< Clock at the first move.
     std::unique_ptr<TContextPool> m_pContexts;
 
     // ---- While it runs
     TEngineControl m_control;
     TRunningThreads m_running{m_control};
+    std::mutex m_levelsLock;  ///< Guards the levels of threads that take turns; see thread_level.h.
+    std::atomic<int> m_juggledThreads{0};  ///< Those that m_maxRunningThreads limits.
+    /// Turns that ran out, and moves that were given turns, since the start: what the scheduler does.
+    std::atomic<std::uint64_t> m_turnsRunOut{0};
+    std::atomic<std::uint64_t> m_movesInTurns{0};
     TLineInHand m_line;  ///< For who wants to see what a thread is looking at.
     /// Visits near the leaves without quicker-mate work: the engine's own progress figure.
     std::atomic<std::uint64_t> m_nodes{0};

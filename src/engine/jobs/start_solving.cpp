@@ -10,14 +10,18 @@
 
 #include "chess/field_transforms.h"
 #include "engine/engine_texts.h"
+#include "engine/heuristics/search_hooks.h"
+#include "engine/jobs/heuristic_passes.h"
 #include "engine/jobs/job_memory.h"
 #include "engine/jobs/job_register.h"
 #include "engine/jobs/moves_logger.h"
+#include "engine/jobs/prepare_root.h"
 #include "engine/jobs/result_texts.h"
 #include "engine/jobs/results_cache.h"
 #include "engine/jobs/root_search.h"
 #include "engine/search/engine_state.h"
 #include "engine/threads/context_pool.h"
+#include "engine/threads/level_quantum.h"
 #include "engine/threads/multithreading_level.h"
 
 namespace tarnwick {
@@ -30,11 +34,6 @@ TSolveResult Refusal(std::string text) {
     TSolveResult result;
     result.message = std::move(text);
     return result;
-}
-
-std::uint32_t MaterialValue(const TMenCounts& men) {
-    return static_cast<std::uint32_t>(9 * men.queens + 5 * men.rooks + 3 * men.bishops +
-                                      3 * men.knights + men.pawns);
 }
 
 /// The place of one job among those that run at once.
@@ -50,18 +49,6 @@ class CActiveTask {
     bool m_bHasPlace;
 };
 
-/// A root of the job on the thread's stack of boards.
-TChessboard PrepareRoot(TSolveTask& task, TThreadContext& thread, const TChessboard& position) {
-    TChessboard root = EmptyChessboard();
-    std::copy(std::begin(position.m_fields), std::end(position.m_fields), root.m_fields);
-    CheckStartPosition(root, task.m_shPlies, true, nullptr, &task.m_material);
-    root.m_pTask = &task;
-    root.m_pThread = &thread;
-    task.m_whiteMaterial = MaterialValue(task.m_material.white);
-    task.m_blackMaterial = MaterialValue(task.m_material.black);
-    return root;
-}
-
 /// Numbers that the rest of the job reads, from the options.
 void SettleOptions(TSolveTask& task, int moves) {
     task.m_shPlies = static_cast<std::uint16_t>(2 * moves - 1);
@@ -70,6 +57,12 @@ void SettleOptions(TSolveTask& task, int moves) {
     task.m_threadCount =
         static_cast<std::uint16_t>(std::clamp<int>(task.m_options.threads, 1, MostThreadsPerLevel));
     task.m_multithreadingLevels = std::max<std::uint8_t>(task.m_options.multithreadingLevels, 1);
+    task.m_schedulerLevels =
+        task.m_options.bLogMoves
+            ? std::uint8_t{0}
+            : std::min<std::uint8_t>(task.m_options.schedulerLevels, MostSchedulerLevels);
+    task.m_bCustomScheduler = task.m_options.bCustomScheduler && task.m_schedulerLevels > 0;
+    task.m_maxRunningThreads = MostJuggledThreads(task.m_options);
     task.m_startMs = NowMs();
 }
 
@@ -93,6 +86,7 @@ std::unique_ptr<TThreadContext> PrepareThread(TSolveTask& task) {
     auto thread = task.m_pContexts->Take();
     thread->m_pRegister = PrepareRegister(task);
     thread->m_threadsPerLevel = task.m_threadCount;
+    thread->m_pHooks = &HeuristicMakeHooks;
     if (task.m_options.bLogMoves) {
         thread->m_pLogger = std::make_unique<TMovesLogger>(*thread, false);
     }
@@ -114,10 +108,15 @@ TSolveResult Summarise(const TRootSearch& search) {
     }
     std::sort(result.keys.begin(), result.keys.end(), IsBeforeByFields);
     result.bSafeMode = search.task.m_bSafeMode;
+    result.passes = search.passes;
+    result.passFound = search.found;
     result.bComplete = bAllSettled && !search.bStopRuleMet;
     if (search.bStopRuleMet) {
         result.status = TSolveStatus::Mate;
         result.message = StopRuleText(search.task.m_options, search.solutions);
+    } else if (!bAllSettled && !search.task.IsStopped() && result.keys.empty() &&
+               !search.task.m_options.bRunPassWithoutHeuristics) {
+        result.status = TSolveStatus::Open;
     } else if (!bAllSettled) {
         result.status = TSolveStatus::Stopped;
     } else {
@@ -157,6 +156,7 @@ TSolveResult RunJob(TSolveTask& task, const TChessboard& position) {
             return *known;
         }
     }
+    ChooseHeuristics(task, *thread, root);
     {
         TRootSearch search{.task = task, .thread = *thread, .root = root};
         const int advised = FindMateAtRoot(search, task.m_callbacks.onThreadAdvice != nullptr);

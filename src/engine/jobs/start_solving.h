@@ -8,13 +8,17 @@
 
 #include "chess/chessboard.h"
 #include "chess/move.h"
+#include "engine/jobs/pass_report.h"
 #include "engine/jobs/solve_task.h"
 
 namespace tarnwick {
 
 enum class TSolveStatus : std::uint8_t {
-    Mate,     ///< Keys were found. With all keys wanted and no limit reached, they are all of them.
-    NoMate,   ///< None was found; a proof in safe mode.
+    Mate,    ///< Keys were found. With all keys wanted and no limit reached, they are all of them.
+    NoMate,  ///< None was found; a proof in safe mode.
+    /// Every pass that was wanted has ended and found nothing, and none of them can prove that there is
+    /// nothing: the pass without heuristics was switched off.
+    Open,
     Stopped,  ///< Stopped by the user or a limit before an answer; keys found until then are valid.
     Refused   ///< The position or stipulation cannot be solved; message says why.
 };
@@ -25,6 +29,8 @@ struct TSolveResult {
     bool bComplete = false;          ///< No limit, stop or stop rule cut the list of keys short.
     bool bSafeMode = true;           ///< Whether "no mate" is a proof.
     bool bFromResultsCache = false;  ///< Nothing was searched: an earlier run had the answer.
+    std::vector<TPassReport> passes;
+    std::string passFound;  ///< Name of the pass that found the first key; empty without keys.
     std::uint64_t nodes = 0;
     std::uint64_t workNodes = 0;
     std::uint64_t elapsedMs = 0;

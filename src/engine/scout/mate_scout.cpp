@@ -12,6 +12,8 @@
 #include "chess/generate_moves.h"
 #include "chess/make_move.h"
 #include "chess/mate_in_one.h"
+#include "engine/heuristics/pass_checks.h"
+#include "engine/heuristics/tracked_men.h"
 #include "engine/ordering/white_order.h"
 #include "engine/search/engine_state.h"
 #include "engine/search/known_positions.h"
@@ -82,9 +84,27 @@ bool TMateScout::MustGiveUp() noexcept {
     return m_expanded >= m_budget || MustLeave(m_thread);
 }
 
+/// White's move is none that this scout looks at.
+bool TMateScout::IsLeftOut(TChessboard& child) const noexcept {
+    if (IsCutAfterWhite(child)) {
+        return true;
+    }
+    if (!m_filter.IsOn() || EstimateReplies(child) <= m_filter.mostReplies) {
+        return false;
+    }
+    if (!m_filter.bThreats) {
+        return true;
+    }
+    if (child.m_blackChecker != NoChecker) {
+        return false;
+    }
+    TChessboard* passed = CopyToNextSlot(child);
+    return !PassBlack(*passed) || !IsMateInOne(*passed);
+}
+
 TProofNumbers TMateScout::NumbersAfterWhite(TChessboard& child) noexcept {
     if (WhatMayBeKnown(child).bMemory) {
-        if (const auto known = m_table.Find(child)) {
+        if (const auto known = m_table.Find(child, m_filter.salt)) {
             return *known;
         }
     }
@@ -96,6 +116,9 @@ TProofNumbers TMateScout::NumbersAfterWhite(TChessboard& child) noexcept {
 }
 
 TProofNumbers TMateScout::NumbersAfterBlack(TChessboard& child) noexcept {
+    if (IsCutAfterBlack(child)) {
+        return Disproved;
+    }
     const TKnowable may = WhatMayBeKnown(child);
     if (child.m_shPlies > 1) {
         const TRegisterResult known = FindKnown(child, may);
@@ -103,7 +126,7 @@ TProofNumbers TMateScout::NumbersAfterBlack(TChessboard& child) noexcept {
             return known == TRegisterResult::Mate ? Proved : Disproved;
         }
         if (may.bMemory) {
-            if (const auto numbers = m_table.Find(child)) {
+            if (const auto numbers = m_table.Find(child, m_filter.salt)) {
                 return *numbers;
             }
         }
@@ -123,7 +146,7 @@ bool TMateScout::ExpandWhite(TChessboard& board, TChildren& children) noexcept {
                                                         : GenerateAllWhiteMoves(board, moves);
     for (int i = 0; i < count; ++i) {
         TChessboard* child = CopyToNextSlot(board);
-        if (MakeWhiteMove(*child, moves[i]) == MoveRefused) {
+        if (MakeWhiteMove(*child, moves[i]) == MoveRefused || IsLeftOut(*child)) {
             continue;
         }
         const TProofNumbers numbers = NumbersAfterWhite(*child);
@@ -189,6 +212,9 @@ TProofNumbers TMateScout::SearchOpen(TChessboard& board, TChildren& children,
                 SearchBlack(*child, {std::min(limit.proof, patience), limit.disproof - others});
         } else {
             MakeBlackMove(*child, best.move, false);
+            if (child->m_pass == 1 && child->m_heuristicFlags.Raw() != 0) {
+                NoteBlackMove(*child);
+            }
             const std::uint32_t others = sum - best.numbers.proof;
             best.numbers =
                 SearchWhite(*child, {limit.proof - others, std::min(limit.disproof, patience)});
@@ -211,10 +237,11 @@ TProofNumbers TMateScout::SearchWhite(TChessboard& board, TProofNumbers limit) n
         ExpandWhite(board, children) ? Proved : SearchOpen<true>(board, children, limit);
     if (numbers.IsProved()) {
         StoreKnownMate(board, may, board.m_shPlies, m_key);
-    } else if (numbers.IsDisproved()) {
+    } else if (numbers.IsDisproved() && m_bAllMoves) {
         StoreKnownNoMate(board, may);
     } else if (may.bMemory) {
-        m_table.Store(board, numbers, static_cast<std::uint32_t>(m_expanded - before));
+        m_table.Store(board, m_filter.salt, numbers,
+                      static_cast<std::uint32_t>(m_expanded - before));
     }
     return numbers;
 }
@@ -225,7 +252,8 @@ TProofNumbers TMateScout::SearchBlack(TChessboard& board, TProofNumbers limit) n
     const TProofNumbers numbers =
         ExpandBlack(board, children) ? Disproved : SearchOpen<false>(board, children, limit);
     if (WhatMayBeKnown(board).bMemory) {
-        m_table.Store(board, numbers, static_cast<std::uint32_t>(m_expanded - before));
+        m_table.Store(board, m_filter.salt, numbers,
+                      static_cast<std::uint32_t>(m_expanded - before));
     }
     return numbers;
 }
@@ -234,8 +262,10 @@ std::optional<TMove> TMateScout::FindKey(TChessboard& root) noexcept {
     if (root.m_shPlies < LeastRootPlies) {
         return std::nullopt;
     }
+    m_bAllMoves = !m_filter.IsOn() && (root.m_pass != 1 || root.m_heuristicFlags.Raw() == 0);
     const TProofNumbers never{TProofNumbers::Infinite, TProofNumbers::Infinite};
     const TProofNumbers numbers = SearchWhite(root, never);
+    m_bFailed = numbers.IsDisproved();
     return numbers.IsProved() ? std::optional(m_key) : std::nullopt;
 }
 

@@ -15,19 +15,38 @@
 
 namespace tarnwick {
 
+/// Which of White's moves a scout looks at. With fewer moves it goes deeper, and what it does not find
+/// proves nothing.
+struct TScoutFilter {
+    static constexpr int AllReplies = 1000;
+
+    /// Only moves that leave Black at most so many replies ...
+    int mostReplies = AllReplies;
+    /// ... or that give check or threaten mate at once.
+    bool bThreats = false;
+    /// Tells the numbers of one filter from those of another in the table they share.
+    std::uint16_t salt = 0;
+
+    bool IsOn() const noexcept { return mostReplies < AllReplies; }
+};
+
 class TMateScout {
   public:
     static constexpr int LeastRootPlies = 3;
 
-    /// nodes: expanded nodes after which it gives up.
-    TMateScout(TThreadContext& thread, TProofTable& table, std::uint64_t nodes)
-        : m_thread(thread), m_table(table), m_budget(nodes) {}
+    /// nodes: expanded nodes after which it gives up. A root in pass 1 is searched under its heuristics.
+    /// Another scout with the same table and filter goes on where this one gave up.
+    TMateScout(TThreadContext& thread, TProofTable& table, std::uint64_t nodes,
+               TScoutFilter filter = {})
+        : m_thread(thread), m_table(table), m_budget(nodes), m_filter(filter) {}
 
     /// A first move that mates within the plies of the root; nothing if none was proved, or if the root
     /// has fewer plies than need a scout.
     std::optional<TMove> FindKey(TChessboard& root) noexcept;
 
     std::uint64_t Expanded() const noexcept { return m_expanded; }
+    /// The last search has shown that the moves it was allowed do not mate.
+    bool HasFailed() const noexcept { return m_bFailed; }
 
   private:
     struct TChild {
@@ -46,6 +65,7 @@ class TMateScout {
     template <bool bWhite>
     TProofNumbers SearchOpen(TChessboard& board, TChildren& children, TProofNumbers limit) noexcept;
     bool MustGiveUp() noexcept;
+    bool IsLeftOut(TChessboard& child) const noexcept;
     bool ExpandWhite(TChessboard& board, TChildren& children) noexcept;
     bool ExpandBlack(TChessboard& board, TChildren& children) noexcept;
     TProofNumbers NumbersAfterWhite(TChessboard& child) noexcept;
@@ -56,6 +76,9 @@ class TMateScout {
     TThreadContext& m_thread;
     TProofTable& m_table;
     std::uint64_t m_budget;
+    TScoutFilter m_filter;
+    bool m_bAllMoves = true;  ///< Nothing is left out, so that failing is a proof.
+    bool m_bFailed = false;
     std::uint64_t m_expanded = 0;
     TMove m_key{};  ///< The mating move of the white node that was proved last.
 };

@@ -25,36 +25,39 @@ void TProofTable::TFree::operator()(void* p) const noexcept {
     std::free(p);
 }
 
-bool TProofTable::Holds(const TEntry& entry, const TChessboard& board) noexcept {
-    return entry.plies == board.m_shPlies &&
+bool TProofTable::Holds(const TEntry& entry, const TChessboard& board,
+                        std::uint16_t salt) noexcept {
+    return entry.plies == board.m_shPlies && entry.salt == salt &&
            ((entry.white ^ board.m_whiteMen) | (entry.black ^ board.m_blackMen) |
             (entry.pawns ^ board.m_pawns) | (entry.knights ^ board.m_knights) |
             (entry.diagonalSliders ^ board.m_diagonalSliders) |
             (entry.straightSliders ^ board.m_straightSliders)) == 0;
 }
 
-std::size_t TProofTable::Bucket(const TChessboard& board) const noexcept {
+std::size_t TProofTable::Bucket(const TChessboard& board, std::uint16_t salt) const noexcept {
+    const std::uint64_t kind = board.m_shPlies + (std::uint64_t{salt} << 16);
     const std::uint64_t hash =
-        (PlacingHash(board) ^ board.m_shPlies * 0x9E3779B97F4A7C15ULL) * 0xC2B2AE3D27D4EB4FULL;
+        (PlacingHash(board) ^ kind * 0x9E3779B97F4A7C15ULL) * 0xC2B2AE3D27D4EB4FULL;
     return (hash >> 24) & m_mask & ~std::size_t{1};
 }
 
-std::optional<TProofNumbers> TProofTable::Find(const TChessboard& board) const noexcept {
-    const TEntry* bucket = &m_entries[Bucket(board)];
+std::optional<TProofNumbers> TProofTable::Find(const TChessboard& board,
+                                               std::uint16_t salt) const noexcept {
+    const TEntry* bucket = &m_entries[Bucket(board, salt)];
     for (const TEntry* entry : {bucket, bucket + 1}) {
-        if (Holds(*entry, board)) {
+        if (Holds(*entry, board, salt)) {
             return TProofNumbers{entry->proof, entry->disproof};
         }
     }
     return std::nullopt;
 }
 
-void TProofTable::Store(const TChessboard& board, TProofNumbers numbers,
+void TProofTable::Store(const TChessboard& board, std::uint16_t salt, TProofNumbers numbers,
                         std::uint32_t work) noexcept {
-    TEntry* bucket = &m_entries[Bucket(board)];
+    TEntry* bucket = &m_entries[Bucket(board, salt)];
     TEntry* chosen = bucket->work <= bucket[1].work ? bucket : bucket + 1;
     for (TEntry* entry : {bucket, bucket + 1}) {
-        if (Holds(*entry, board)) {
+        if (Holds(*entry, board, salt)) {
             chosen = entry;
             work += entry->work;
         }
@@ -69,7 +72,7 @@ void TProofTable::Store(const TChessboard& board, TProofNumbers numbers,
                .disproof = numbers.disproof,
                .work = work,
                .plies = board.m_shPlies,
-               .unused = 0};
+               .salt = salt};
 }
 
 }  // namespace tarnwick

@@ -30,10 +30,12 @@ class TProofTable {
     /// Throws std::bad_alloc.
     explicit TProofTable(std::size_t mib);
 
-    /// The numbers of this very position with these plies left; nothing if they are not known.
-    std::optional<TProofNumbers> Find(const TChessboard& board) const noexcept;
+    /// The numbers of this very position with these plies left; nothing if they are not known. The salt
+    /// keeps apart searches of one game by different rules.
+    std::optional<TProofNumbers> Find(const TChessboard& board, std::uint16_t salt) const noexcept;
     /// work: nodes that were searched below; the entry with less of it gives way.
-    void Store(const TChessboard& board, TProofNumbers numbers, std::uint32_t work) noexcept;
+    void Store(const TChessboard& board, std::uint16_t salt, TProofNumbers numbers,
+               std::uint32_t work) noexcept;
 
   private:
     struct alignas(64) TEntry {
@@ -41,12 +43,12 @@ class TProofTable {
         std::uint32_t proof, disproof;
         std::uint32_t work;
         std::uint16_t plies;  ///< 0: free.
-        std::uint16_t unused;
+        std::uint16_t salt;
     };
     static_assert(sizeof(TEntry) == 64);
 
-    static bool Holds(const TEntry& entry, const TChessboard& board) noexcept;
-    std::size_t Bucket(const TChessboard& board) const noexcept;
+    static bool Holds(const TEntry& entry, const TChessboard& board, std::uint16_t salt) noexcept;
+    std::size_t Bucket(const TChessboard& board, std::uint16_t salt) const noexcept;
 
     struct TFree {
         void operator()(void* p) const noexcept;

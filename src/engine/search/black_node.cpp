@@ -6,6 +6,9 @@
 #include "chess/generate_moves.h"
 #include "chess/lines.h"
 #include "chess/make_move.h"
+#include "engine/heuristics/dynamic_heuristics.h"
+#include "engine/heuristics/one_colour_play.h"
+#include "engine/heuristics/pass_checks.h"
 #include "engine/jobs/moves_logger.h"
 #include "engine/ordering/black_order.h"
 #include "engine/search/engine_state.h"
@@ -29,17 +32,17 @@ struct TBlackNode {
     std::array<TMove, TOrderHints::HintsPerNode> tried{};
 };
 
-/// Heuristics that change the child before it is searched: a followed figure that is gone, and the
-/// bishop that plays no part.
-void PrepareChild(TChessboard& child) {
-    if (child.m_heuristicFlags.HasAny(HeuristicTrackedFigure) &&
-        child.m_trackedFields[0] == NoField) {
-        child.m_heuristicFlags.SetRaw(child.m_heuristicFlags.Raw() & ~HeuristicTrackedFigure);
+/// In the pass with heuristics: what Black's move does to them, and whether White's mate would be doubtful
+/// behind it.
+bool IsDoubtfulDefence(TChessboard& child) {
+    if (child.m_pass != 1) {
+        return false;
     }
-    if (child.m_pass == 1 && child.m_heuristicFlags.HasAny(HeuristicOneColourPlay) &&
+    if (child.m_heuristicFlags.HasAny(SH_ONECOLORPLAYPOSSIBLE) &&
         (child.m_captureState & OneColourMask) == 0) {
         SeparateOppositeBishops(child);
     }
+    return IsCutAfterBlack(child);
 }
 
 /// White's answer as the stores know it.
@@ -64,8 +67,8 @@ std::optional<TNodeResult> AnswerFromStores(const TNode& node, TChessboard& chil
 /// White's answer to the position after a defence.
 template <class TNode>
 TNodeResult AnswerDefence(const TNode& node, TChessboard& child) {
-    if (child.m_heuristicFlags.Raw() != 0) {
-        PrepareChild(child);
+    if (child.m_heuristicFlags.Raw() != 0 && IsDoubtfulDefence(child)) {
+        return ResultDoubtful;
     }
     if (child.m_shPlies >= LeastRegisterPlies) {
         if (const auto answer = AnswerFromStores(node, child)) {
@@ -73,10 +76,12 @@ TNodeResult AnswerDefence(const TNode& node, TChessboard& child) {
         }
     }
     const int played = child.m_shRootPlies - child.m_shPlies;
-    if (child.m_shPlies >= 16 && played < 8 && MatesWithTrackedFields(child)) {
+    if (child.m_pass == 1 && child.m_shPlies >= 16 && played < 8 &&
+        node.thread.m_heuristics.bUnblockDynamic && MatesWithTrackedFields(child)) {
         return ResultMate;
     }
-    if (child.m_shPlies >= 3 && !HasGlobalData(child) && LookForQuickerMate(child)) {
+    if (child.m_shPlies >= 3 && !IsOneColourPlay(child) && !HasGlobalData(child) &&
+        LookForQuickerMate(child)) {
         if constexpr (TNode::Logs) {
             if (node.thread.m_bUsedAdditionalMoves) {
                 node.thread.m_pLogger->LogText(child,
@@ -222,8 +227,7 @@ bool AnyMoveHolds(TNode& node) {
         node.answer = ResultNoMate;
         return true;
     }
-    const int mode = node.board.m_captureState & OneColourMask;
-    if ((mode == WhiteFieldsOnly || mode == BlackFieldsOnly) && !bInCheck) {
+    if (IsOneColourPlay(node.board) && !bInCheck) {
         // A tempo move of the bishop that was taken off.
         moves[order.count++] = MakePass(static_cast<TField>(BlackKingField(node.board)));
     }

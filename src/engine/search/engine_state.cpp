@@ -18,13 +18,20 @@ bool WaitOrLeave(TThreadContext& thread) noexcept {
         const TEngineState state = thread.m_task.m_control.State();
         const bool bJobPaused =
             state == TEngineState::Pause || state == TEngineState::ManualCommand;
-        const bool bThreadPaused = thread.m_pauseFlag.load(std::memory_order_relaxed) != 0;
-        if (!bJobPaused && !bThreadPaused) {
+        if (bJobPaused) {
+            std::this_thread::sleep_for(PollEvery);
+        } else if (thread.m_pauseFlag.load(std::memory_order_relaxed) == 1) {
+            thread.m_pauseFlag.wait(1);  // Hundreds of threads may wait for their turn: none polls.
+        } else {
             return false;
         }
-        std::this_thread::sleep_for(PollEvery);
     }
     return true;
+}
+
+void SetPauseFlag(TThreadContext& thread, std::uint8_t flag) noexcept {
+    thread.m_pauseFlag.store(flag, std::memory_order_relaxed);
+    thread.m_pauseFlag.notify_all();
 }
 
 void TellNodesAndCheckLimits(TThreadContext& thread) noexcept {

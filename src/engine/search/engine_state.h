@@ -14,6 +14,10 @@ inline bool IsStopRequested(const TThreadContext& thread) noexcept {
 /// Sleeps while the job or this thread is paused. True when the node has to leave.
 bool WaitOrLeave(TThreadContext& thread) noexcept;
 
+/// 0 run, 1 paused, 2 stop. A thread that was paused goes on, or leaves, at once. Who pauses a thread has
+/// to let it go again or stop it, also when all are stopped: it sees nothing else meanwhile.
+void SetPauseFlag(TThreadContext& thread, std::uint8_t flag) noexcept;
+
 /// The test at the head of each move: one load while the engine runs.
 inline bool MustLeave(TThreadContext& thread) noexcept {
     if (thread.m_task.m_control.IsRunning() &&

@@ -29,7 +29,7 @@ inline TKnowable WhatMayBeKnown(const TChessboard& board) noexcept {
         return may;
     }
     const int mode = board.m_captureState & OneColourMask;
-    may.bMemory = mode == 0 && board.m_heuristicFlags.Raw() == 0;
+    may.bMemory = mode == 0;
     may.bRegister =
         Thread(board).m_pRegister != nullptr && (mode == 0 || mode == SeparatedBlackBishop);
     return may;

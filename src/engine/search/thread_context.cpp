@@ -14,12 +14,14 @@ void TThreadContext::StartAsChildOf(const TThreadContext& parent, std::uint16_t 
     m_shThreadNumber = number;
     m_threadsPerLevel = parent.m_threadsPerLevel;
     m_forkDepth = forkDepth;
+    m_pOwnLevel = nullptr;
     m_pRegister = parent.m_pRegister;
     m_pRootBoard = parent.m_pRootBoard;
     m_pHooks = parent.m_pHooks;
     m_whiteCaptured = parent.m_whiteCaptured;
     m_blackCaptured = parent.m_blackCaptured;
     m_currentFirstMove = parent.m_currentFirstMove;
+    m_heuristics = parent.m_heuristics;
     m_shAlternateFrom = NoAlternate;
     m_repetitionLimit.fill(0);
     m_plies = parent.m_plies;

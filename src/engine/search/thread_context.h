@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "chess/board_stack.h"
+#include "engine/heuristics/special_heuristics.h"
 #include "engine/jobs/solve_task.h"
 #include "engine/ordering/order_hints.h"
 #include "engine/search/position_memory.h"
@@ -14,6 +15,10 @@
 namespace tarnwick {
 
 class TMovesLogger;
+class TThreadLevel;
+
+/// Levels of moves that take turns, in one thread at a time.
+inline constexpr int MostLevelsPerThread = 12;
 
 /// What the progress display and the scheduler need to know of a ply of the line in hand.
 struct TPlyState {
@@ -42,8 +47,13 @@ struct TThreadContext : TBoardStack {
     /// Stops of this thread or of threads below it that came from outside of the search: what they left
     /// open is no proof, so nothing is stored any more.
     std::uint32_t m_outsideStops = 0;
-    TChessboard m_forkBoard{};  ///< Where this thread's search begins.
-    TMove m_mateOfSlice{};      ///< White's mating move in a node with preset moves.
+    /// Levels that nodes of this thread have made, the nearest to the root first. Changed by this thread,
+    /// read by others, under the job's m_levelsLock.
+    std::array<TThreadLevel*, MostLevelsPerThread> m_levels{};
+    int m_levelCount = 0;
+    TThreadLevel* m_pOwnLevel = nullptr;  ///< The one that this thread takes its turns in; or null.
+    TChessboard m_forkBoard{};            ///< Where this thread's search begins.
+    TMove m_mateOfSlice{};                ///< White's mating move in a node with preset moves.
     TMove m_currentFirstMove{};
     std::array<TPlyState, MaxPlies> m_plies{};
 
@@ -51,6 +61,9 @@ struct TThreadContext : TBoardStack {
     std::unique_ptr<TMovesLogger> m_pLogger;  ///< Null unless moves are logged.
     /// Why the last answer was doubtful, for the log: the number of a heuristic, or of a pass.
     int m_doubtfulReason = 0;
+
+    TSpecialHeuristics m_heuristics;  ///< Parameters of the pass; a copy of the job's.
+    bool m_bInForcedLevel = false;    ///< Working below a node of forcing moves only.
 
     // Moves handed to this thread in place of a node's own list; the node takes them and clears them.
     int m_presetMoveCount = 0;

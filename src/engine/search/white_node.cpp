@@ -6,6 +6,12 @@
 #include "chess/lines.h"
 #include "chess/make_move.h"
 #include "chess/mate_in_one.h"
+#include "engine/heuristics/dynamic_heuristics.h"
+#include "engine/heuristics/heuristic_generators.h"
+#include "engine/heuristics/heuristic_key.h"
+#include "engine/heuristics/one_colour_play.h"
+#include "engine/heuristics/pass_checks.h"
+#include "engine/heuristics/search_hooks.h"
 #include "engine/jobs/moves_logger.h"
 #include "engine/ordering/white_order.h"
 #include "engine/search/engine_state.h"
@@ -14,6 +20,7 @@
 #include "engine/search/node_hooks.h"
 #include "engine/search/repetition.h"
 #include "engine/threads/multithreading_level.h"
+#include "engine/threads/thread_level.h"
 
 namespace tarnwick {
 namespace {
@@ -69,57 +76,51 @@ TSort WantedSort(const TChessboard& board) {
     return board.m_heuristicFlags.HasAny(HeuristicsThatForbidSorting) ? TSort::None : TSort::Light;
 }
 
-/// With the heuristic in force, a king move away from the black king is not worth a search in pass 1.
-bool KingRecedes(const TChessboard& board, TMove move) {
-    if (!board.m_heuristicFlags.HasAny(HeuristicKingMayNotRecede) ||
-        board.m_fields[move.from] != WhiteKing || board.m_fields[move.to] != EmptyField) {
-        return false;
-    }
-    const int king = BlackKingField(board);
-    return KingDistance(move.to, king) > KingDistance(move.from, king);
-}
-
-/// Cut off by a heuristic of pass 1, before or after the move was made.
-bool IsCutInFirstPass(const TChessboard& board, const TChessboard& child, TMove move) {
-    return KingRecedes(board, move) ||
-           (child.m_heuristicFlags.HasAny(HeuristicsWithScreens) && IsScreenedOut(child));
-}
-
-template <bool bLogger>
-TNodeResult SearchReply(TChessboard& child) {
-    if (const auto answer = SearchOnThreadLevel(child)) {
-        return *answer;
-    }
-    return bLogger ? FindMateBlackToMoveLogged(child) : FindMateBlackToMove(child);
-}
-
-/// One move: made, asked for repetition, answered by the black node.
+/// The board after the move; null when there is nothing to search behind it.
 template <class TNode>
-TNodeStep SearchMove(TNode& node, TMove move) {
-    if (MustLeave(node.thread)) {
-        return TNodeStep::Leave;
-    }
+TChessboard* MakeMove(TNode& node, TMove move) {
     TChessboard* child = CopyToNextSlot(node.board);
     if (MakeWhiteMove(*child, move) == MoveRefused) {
-        return TNodeStep::GoOn;
+        node.doubtful += IsRefusedByHeuristic(node.board, move) ? 1 : 0;
+        return nullptr;
     }
     if (IsRepetitionToSkip(node.thread, *child, node.plies)) {
         ++node.repetitions;
-        return TNodeStep::GoOn;
+        return nullptr;
     }
-    if (node.board.m_pass == 1 && IsCutInFirstPass(node.board, *child, move)) {
+    if (IsCutAfterWhite(*child)) {
         ++node.doubtful;
-        return TNodeStep::GoOn;
+        return nullptr;
     }
     node.thread.m_plies[static_cast<std::size_t>(node.plies)].moveIndex =
         static_cast<std::uint16_t>(node.index++);
-    if constexpr (TNode::Logs) {
-        node.thread.m_pLogger->LogMove(*child);
+    return child;
+}
+
+/// The black king has just come to the edge: a stricter set may do for what is left.
+template <bool bLogger>
+bool MatesByFallback(TChessboard& child) {
+    const CStrictEdgeScope scope(child);
+    return (bLogger ? FindMateBlackToMoveLogged(child) : FindMateBlackToMove(child)) == ResultMate;
+}
+
+template <bool bLogger>
+TNodeResult SearchReply(TThreadContext& thread, TChessboard& child) {
+    if (MayFallBack(child) && MatesByFallback<bLogger>(child)) {
+        return ResultMate;
     }
-    const TNodeResult result = SearchReply<TNode::Logs>(*child);
-    if constexpr (TNode::Logs) {
-        node.thread.m_pLogger->LogResult(*child, result);
+    if constexpr (bLogger) {
+        thread.m_pLogger->LogMove(child);
+        const TNodeResult result = FindMateBlackToMoveLogged(child);
+        thread.m_pLogger->LogResult(child, result);
+        return result;
     }
+    return FindMateBlackToMove(child);
+}
+
+/// What the search behind a move means for the node.
+template <class TNode>
+TNodeStep TakeAnswer(TNode& node, TMove move, TNodeResult result) {
     if (result == ResultMate) {
         node.mate = move;
         return TNodeStep::Mate;
@@ -133,6 +134,17 @@ TNodeStep SearchMove(TNode& node, TMove move) {
         ++node.repetitions;
     }
     return TNodeStep::GoOn;
+}
+
+/// One move: made, asked for repetition, answered by the black node.
+template <class TNode>
+TNodeStep SearchMove(TNode& node, TMove move) {
+    if (MustLeave(node.thread)) {
+        return TNodeStep::Leave;
+    }
+    TChessboard* child = MakeMove(node, move);
+    return child == nullptr ? TNodeStep::GoOn
+                            : TakeAnswer(node, move, SearchReply<TNode::Logs>(node.thread, *child));
 }
 
 template <class TNode>
@@ -209,21 +221,53 @@ int WithoutTried(const TNode& node, TMove* pMoves, int count) {
         pMoves);
 }
 
+/// Turns for the moves offered so far, until it is time for a new one or, with bMayStartNew false, until
+/// all have their answers.
 template <class TNode>
-TNodeStep TakeAnswerOfThreads(TNode& node, TNodeResult answer) {
-    auto& limits = node.thread.m_repetitionLimit;
-    const auto ply = static_cast<std::size_t>(node.plies);
-    if (answer == ResultMate) {
-        node.mate = node.thread.m_mateOfSlice;
-        return TNodeStep::Mate;
+TNodeStep GiveTurns(TNode& node, TThreadLevel& level, const TMove* pMoves, bool bMayStartNew) {
+    while (const auto answer = level.NextAnswer(bMayStartNew)) {
+        node.thread.m_repetitionLimit[static_cast<std::size_t>(node.plies - 1)] =
+            answer->repetitionLimit;
+        const TNodeStep step = TakeAnswer(node, pMoves[answer->slot], answer->result);
+        if (step != TNodeStep::GoOn) {
+            return step;
+        }
     }
-    if (answer == ResultDoubtful) {
-        ++node.doubtful;
-    } else if (IsRepetitionOrLower(answer)) {
-        limits[ply] = std::max(limits[ply], limits[ply - 1]);
-        ++node.repetitions;
+    return level.MustStop() ? TNodeStep::Leave : TNodeStep::GoOn;
+}
+
+/// The next move joins those that take turns. When no thread can be had they are searched to their end
+/// first, and then this move on the node's own thread.
+template <class TNode>
+TNodeStep SearchInTurn(TNode& node, TThreadLevel& level, const TMove* pMoves, int i) {
+    TChessboard* child = MakeMove(node, pMoves[i]);
+    if (child == nullptr) {
+        return TNodeStep::GoOn;
     }
-    return TNodeStep::GoOn;
+    while (!level.Offer(i, *child)) {
+        if (level.MustStop()) {
+            return TNodeStep::Leave;
+        }
+        if (!level.AnyLeft()) {
+            return TakeAnswer(node, pMoves[i], SearchReply<false>(node.thread, *child));
+        }
+        const TNodeStep step = GiveTurns(node, level, pMoves, false);
+        if (step != TNodeStep::GoOn) {
+            return step;
+        }
+    }
+    return GiveTurns(node, level, pMoves, true);
+}
+
+template <class TNode>
+TNodeStep SearchByTurns(TNode& node, TThreadLevel& level, const TMove* pMoves, int count) {
+    for (int i = 0; i < count; ++i) {
+        const TNodeStep step = SearchInTurn(node, level, pMoves, i);
+        if (step != TNodeStep::GoOn) {
+            return step;
+        }
+    }
+    return GiveTurns(node, level, pMoves, false);
 }
 
 template <class TNode>
@@ -231,8 +275,11 @@ TNodeStep SearchSorted(TNode& node, TSort sort) {
     TMove moves[MaxMovesOfSide];
     int count = node.board.m_whiteChecker != NoChecker ? GenerateWhiteEvasions(node.board, moves)
                                                        : GenerateAllWhiteMoves(node.board, moves);
+    // The order leaves out what the make operations refuse, for whatever reason.
+    node.doubtful += MayHooksRefuse(node.board) ? 1 : 0;
     bool bMate = false;
-    count = SortWhiteMoves(node.board, count, moves, sort == TSort::Light, &bMate);
+    int nearBest = 0;
+    count = SortWhiteMoves(node.board, count, moves, sort == TSort::Light, &bMate, &nearBest);
     if (bMate) {
         node.mate = moves[0];
         return TNodeStep::Mate;
@@ -242,8 +289,14 @@ TNodeStep SearchSorted(TNode& node, TSort sort) {
         if (count > 1) {
             if (const auto answer =
                     NextMultithreadingLevel(node.board, count, moves, TNode::Logs)) {
-                return TakeAnswerOfThreads(node, *answer);
+                return TakeAnswer(node, node.thread.m_mateOfSlice, *answer);
             }
+        }
+    }
+    if (!TNode::Logs && MayTakeTurns(node.board, nearBest)) {
+        count = WithoutTried(node, moves, count);
+        if (const auto level = TThreadLevel::Create(node.board, count, nearBest)) {
+            return SearchByTurns(node, *level, moves, count);
         }
     }
     return SearchList(node, moves, count);
@@ -288,10 +341,13 @@ TNodeStep SearchAllMoves(TNode& node) {
     if (const auto step = SearchHeuristicMoves(node)) {
         return *step;
     }
-    if (const TNodeStep step = SearchHints(node); step != TNodeStep::GoOn) {
-        return step;
-    }
     const TSort sort = WantedSort(node.board);
+    const bool bByTurns = !TNode::Logs && sort == TSort::Full && MayTakeTurns(node.board, 0);
+    if (!bByTurns) {  // Where moves take turns, none is searched to its end before the others.
+        if (const TNodeStep step = SearchHints(node); step != TNodeStep::GoOn) {
+            return step;
+        }
+    }
     if (sort != TSort::None) {
         return SearchSorted(node, sort);
     }
@@ -317,6 +373,9 @@ TNodeResult FinishWithMate(TNode& node) {
 
 template <class TNode>
 TNodeResult FinishWithoutMate(TNode& node) {
+    if (IsOneColourPlay(node.board)) {
+        return ResultDoubtful;  // White was not allowed all that he may do.
+    }
     const auto limit = node.thread.m_repetitionLimit[static_cast<std::size_t>(node.plies)];
     if (!node.thread.m_task.m_bSafeMode) {
         if (node.repetitions > 0) {
@@ -338,22 +397,14 @@ TNodeResult FinishWithoutMate(TNode& node) {
                                                                        : ResultNoMate;
 }
 
-/// Far from the leaves: the search that keeps the black king on the edge, and the word to an observer.
+/// The word to an observer, far from the leaves, and what is known of the simplified game.
 std::optional<TNodeResult> AnswerBeforeMoves(TChessboard& board) {
     const int plies = board.m_shPlies;
     const int played = board.m_shRootPlies - plies;
-    if (plies >= 17 && played <= 9 && BlackKingEdgeDistance(board) == 0 &&
-        !board.m_heuristicFlags.HasAny(HeuristicKingOnEdge)) {
-        if (const auto answer = SearchKingOnEdge(board)) {
-            return answer;
-        }
-    }
     if (plies % 16 == 9 && (plies == 9 || played >= 9)) {
         board.m_pTask->CallObserver();
     }
-    const int mode = board.m_captureState & OneColourMask;
-    if ((mode == WhiteFieldsOnly || mode == BlackFieldsOnly) && board.m_whiteKnights > 0 &&
-        IsKnownOneColourMate(board)) {
+    if (IsOneColourPlay(board) && board.m_whiteKnights > 0 && IsKnownOneColourMate(board)) {
         return ResultMate;
     }
     return std::nullopt;
@@ -377,6 +428,21 @@ std::optional<TNodeResult> AskKnown(TChessboard& board, TKnowable may) {
         default:
             return std::nullopt;
     }
+}
+
+/// White's only figure drives a king that stands on the edge: first as if the king had to stay there.
+bool WantsKingHunt(const TChessboard& board) {
+    return board.m_pass == 1 && board.m_heuristicFlags.Raw() != 0 &&
+           !board.m_heuristicFlags.HasAny(SH_KEEPKINGONTHEEDGE) && board.m_shPlies >= 17 &&
+           board.m_shRootPlies - board.m_shPlies <= 9 && BlackKingEdgeDistance(board) == 0 &&
+           WhiteFigureCount(board) == 1;
+}
+
+template <bool bLogger>
+bool MatesByKingHunt(TChessboard& board, bool bConsultRegisters);
+
+bool IsMateAtLeaf(TChessboard& board) {
+    return IsOneColourPlay(board) ? IsKnownOneColourMate(board) : IsMateInOne(board);
 }
 
 template <bool bLogger>
@@ -403,10 +469,13 @@ TNodeResult RunWhiteNode(TChessboard& board, bool bConsultRegisters) {
     }
     if (plies == 1) {
         thread.m_bMateCapturedPromotion = false;
-        return IsMateInOne(board) ? ResultMate : ResultNoMate;
+        return IsMateAtLeaf(board) ? ResultMate : ResultNoMate;
     }
     if (const auto answer = AnswerBeforeMoves(board)) {
         return *answer;
+    }
+    if (WantsKingHunt(board) && MatesByKingHunt<bLogger>(board, bConsultRegisters)) {
+        return ResultMate;
     }
     TWhiteNode<bLogger> node{
         .board = board, .thread = thread, .plies = plies, .bPreset = bPreset, .may = may};
@@ -417,6 +486,15 @@ TNodeResult RunWhiteNode(TChessboard& board, bool bConsultRegisters) {
         return ResultNoMate;
     }
     return FinishWithoutMate(node);
+}
+
+template <bool bLogger>
+bool MatesByKingHunt(TChessboard& board, bool bConsultRegisters) {
+    const std::uint32_t mask = board.m_heuristicFlags.Raw();
+    SetHeuristics(board, mask | SH_KEEPKINGONTHEEDGE);
+    const TNodeResult result = RunWhiteNode<bLogger>(board, bConsultRegisters);
+    SetHeuristics(board, mask);
+    return result == ResultMate;
 }
 
 }  // namespace

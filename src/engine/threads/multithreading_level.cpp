@@ -42,7 +42,7 @@ struct TThreadRecord {
     std::atomic<std::uint16_t> m_repetitionLimit{0};
     std::atomic<TThreadState> m_state{TThreadState::Waiting};
     std::uint32_t m_threadNumber = 0;
-    bool m_bLogger = false;
+    TLevelSearch m_search{};
     int m_moveCount = 0;
     const TMove* m_pMoves = nullptr;
     bool m_bSeen = false;  ///< The join loop has taken its result.
@@ -54,8 +54,8 @@ struct TThreadRecord {
 /// The threads of one node, while the node waits for them.
 class TLevel {
   public:
-    TLevel(TChessboard& board, bool bLogger)
-        : m_board(board), m_thread(Thread(board)), m_task(m_thread.m_task), m_bLogger(bLogger) {}
+    TLevel(TChessboard& board, const TLevelSearch& search)
+        : m_board(board), m_thread(Thread(board)), m_task(m_thread.m_task), m_search(search) {}
     ~TLevel() { JoinAndFree(); }
     TLevel(const TLevel&) = delete;
     TLevel& operator=(const TLevel&) = delete;
@@ -83,7 +83,7 @@ class TLevel {
     TChessboard& m_board;
     TThreadContext& m_thread;
     TSolveTask& m_task;
-    bool m_bLogger;
+    TLevelSearch m_search;
     std::array<TMove, MaxMovesOfSide + MostThreadsPerLevel> m_slices{};
     std::array<int, MostThreadsPerLevel> m_sizes{};
     int m_sliceSize = 0;
@@ -103,9 +103,7 @@ void FindMateMultithreadingLevelThreadProc(TLevel& level, TThreadRecord& record)
     if (record.m_state.load(std::memory_order_acquire) != TThreadState::Cancelled) {
         thread.m_pPresetMoveList = record.m_pMoves;
         thread.m_presetMoveCount = record.m_moveCount;
-        const TNodeResult result = record.m_bLogger
-                                       ? FindMateWhiteToMoveLogged(*record.m_pBoard, true)
-                                       : FindMateWhiteToMove(*record.m_pBoard, true);
+        const TNodeResult result = record.m_search.pWhiteNode(*record.m_pBoard);
         TellNodesAndCheckLimits(thread);
         const auto ply = static_cast<std::size_t>(record.m_pBoard->m_shPlies);
         record.m_repetitionLimit.store(thread.m_repetitionLimit[ply], std::memory_order_relaxed);
@@ -145,8 +143,8 @@ bool TLevel::Add(int k, std::uint32_t number) {
     *record->m_pBoard = m_board;
     record->m_pBoard->m_pThread = &context;
     record->m_threadNumber = number;
-    record->m_bLogger = m_bLogger;
-    if (m_bLogger) {
+    record->m_search = m_search;
+    if (m_search.bLogger) {
         context.m_pLogger = std::make_unique<TMovesLogger>(context, true);
     }
     record->m_moveCount = m_sizes[static_cast<std::size_t>(k)];
@@ -353,8 +351,8 @@ void DealMoves(const TMove* pMoves, int moveCount, int threads, TMove* pSlices, 
     }
 }
 
-std::optional<TNodeResult> NextMultithreadingLevel(TChessboard& board, int moveCount,
-                                                   const TMove* pMoves, bool bLogger) noexcept {
+std::optional<TNodeResult> SearchInThreads(TChessboard& board, int moveCount, const TMove* pMoves,
+                                           const TLevelSearch& search) noexcept {
     TThreadContext& thread = Thread(board);
     if (moveCount == 0 || IsStopRequested(thread)) {
         return ResultNoMate;
@@ -370,11 +368,23 @@ std::optional<TNodeResult> NextMultithreadingLevel(TChessboard& board, int moveC
     if (threads < 2 || first + static_cast<std::uint32_t>(threads) >= AllThreads) {
         return std::nullopt;
     }
-    TLevel threadLevel(board, bLogger);
+    TLevel threadLevel(board, search);
     if (!threadLevel.Create(moveCount, pMoves, threads, first)) {
         return std::nullopt;
     }
     return threadLevel.RunAndJoin();
+}
+
+std::optional<TNodeResult> NextMultithreadingLevel(TChessboard& board, int moveCount,
+                                                   const TMove* pMoves, bool bLogger) noexcept {
+    constexpr auto Plain = [](TChessboard& fork) noexcept {
+        return FindMateWhiteToMove(fork, true);
+    };
+    constexpr auto Logged = [](TChessboard& fork) noexcept {
+        return FindMateWhiteToMoveLogged(fork, true);
+    };
+    return SearchInThreads(board, moveCount, pMoves,
+                           bLogger ? TLevelSearch{Logged, true} : TLevelSearch{Plain, false});
 }
 
 }  // namespace tarnwick

@@ -13,9 +13,19 @@ namespace tarnwick {
 /// At most so many threads at the root and in one level.
 inline constexpr int MostThreadsPerLevel = 64;
 
+/// What the threads of a level run: a white node that takes the moves it is handed (m_presetMoveCount).
+struct TLevelSearch {
+    TNodeResult (*pWhiteNode)(TChessboard& board) noexcept;
+    bool bLogger;  ///< The threads write move logs.
+};
+
 /// Searches the white moves of the node in threads. Nothing when no thread could be made: the node goes
 /// on alone. On ResultRepetition the repetition limit stands in the slot of the ply below the node's, on
-/// ResultMate the mating move in the thread's m_mateOfSlice. The list must outlive the call. bLogger: the threads write move logs.
+/// ResultMate the mating move in the thread's m_mateOfSlice. The list must outlive the call.
+std::optional<TNodeResult> SearchInThreads(TChessboard& board, int moveCount, const TMove* pMoves,
+                                           const TLevelSearch& search) noexcept;
+
+/// The level of an ordinary node.
 std::optional<TNodeResult> NextMultithreadingLevel(TChessboard& board, int moveCount,
                                                    const TMove* pMoves, bool bLogger) noexcept;
 

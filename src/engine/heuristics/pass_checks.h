@@ -1,0 +1,63 @@
+#pragma once
+// What the nodes ask in the pass with heuristics. Each question costs one test when no heuristic is set.
+
+#include "chess/lines.h"
+#include "engine/heuristics/dynamic_heuristics.h"
+#include "engine/heuristics/heuristic_bits.h"
+#include "engine/heuristics/heuristic_checks.h"
+#include "engine/heuristics/white_screens.h"
+#include "engine/search/thread_context.h"
+
+namespace tarnwick {
+
+/// A mode in which Black's bishop is off the board and White keeps to one colour of fields.
+inline bool IsOneColourPlay(const TChessboard& board) noexcept {
+    const int mode = board.m_captureState & OneColourMask;
+    return mode == WhiteFieldsOnly || mode == BlackFieldsOnly;
+}
+
+/// The make operations may refuse White's legal moves, so that a list which they went through need not
+/// be the whole truth.
+inline bool MayHooksRefuse(const TChessboard& board) noexcept {
+    return board.m_heuristicFlags.HasAny(SH_SINGLEQUEENMATE) || IsOneColourPlay(board);
+}
+
+/// A step of the white king away from the black one that captures nothing.
+inline bool KingRecedes(const TChessboard& child) noexcept {
+    const TMove move = child.m_lastMove;
+    if (!child.m_heuristicFlags.HasAny(SH_DONTRECEDEBLACKKING) || move.IsPass() ||
+        child.m_fields[move.to] != WhiteKing ||
+        child.m_pPrevious->m_fields[move.to] != EmptyField) {
+        return false;
+    }
+    const int king = BlackKingField(child);
+    return KingDistance(move.to, king) > KingDistance(move.from, king);
+}
+
+/// The child after White's move is not worth a search: mate there would be doubtful.
+inline bool IsCutAfterWhite(TChessboard& child) noexcept {
+    return child.m_pass == 1 && child.m_heuristicFlags.Raw() != 0 &&
+           (KingRecedes(child) ||
+            (child.m_heuristicFlags.HasAny(HeuristicsWithScreens) && IsScreenedOut(child)) ||
+            BreaksHeuristicsAfterWhite(child));
+}
+
+/// The same after Black's move. To be asked before any store is, because the key may change.
+inline bool IsCutAfterBlack(TChessboard& child) noexcept {
+    return child.m_pass == 1 && child.m_heuristicFlags.Raw() != 0 &&
+           BreaksHeuristicsAfterBlack(child);
+}
+
+/// After White's move, near the root: the reply is worth a search with a stricter set first.
+inline bool MayFallBack(const TChessboard& child) noexcept {
+    if (child.m_pass != 1 || child.m_shPlies < 16 || child.m_shRootPlies - child.m_shPlies > 10) {
+        return false;
+    }
+    const TSpecialHeuristics& parameters = Thread(child).m_heuristics;
+    return parameters.bHeuristicsFallback &&
+           (BlackKingEdgeDistance(child) == 0 ||
+            (child.m_heuristicFlags.HasAny(SH_KEEPKINGONTHEEDGE) && parameters.bKingStrict)) &&
+           CanFallBack(child);
+}
+
+}  // namespace tarnwick
