@@ -58,7 +58,9 @@ void ChooseHeuristics(TSolveTask& task, TThreadContext& thread, TChessboard& roo
     }
     if (options.heuristics == THeuristicsFrom::User) {
         PutInForce(task.m_givenHeuristics, thread, root);
-    } else if (root.m_shPlies >= LeastPliesForAnalysis || options.bAnalyseAlways) {
+    } else if (root.m_shPlies >= (options.bAllSolutions ? LeastPliesForAnalysisOfAllKeys
+                                                        : LeastPliesForAnalysis) ||
+               options.bAnalyseAlways) {
         Analyse(task, root);
     }
     if (task.m_adjustHeuristics) {

@@ -12,8 +12,10 @@
 namespace tarnwick {
 
 /// Shorter problems are searched in full sooner than a heuristic could help, so that the analysis is not
-/// asked for them. A set that the user gives holds for all.
+/// asked for them. Where all keys are wanted the full search has to be run anyway: there the passes before
+/// it pay only when it is out of reach. A set that the user gives holds for all lengths.
 inline constexpr int LeastPliesForAnalysis = 11;
+inline constexpr int LeastPliesForAnalysisOfAllKeys = 17;
 
 /// Puts the first set on the root and into its thread, from the options of the job: none, the analysis'
 /// or the user's, and what the problem itself wants. Tells about safe mode. Throws ChessException for
