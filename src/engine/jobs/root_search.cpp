@@ -209,6 +209,11 @@ void RunPass(TRootSearch& search, TThreadContext& thread, TChessboard& root, int
 }
 
 int FindMateAtRoot(TRootSearch& search, bool bAllowForce) {
+    search.ladder = HeuristicLadder(search.root);
+    const bool bHeuristics = search.root.m_heuristicFlags.Raw() != 0;
+    const THeuristicRung first = RungOf(search.thread, search.root);
+    // The list of first moves has to be whole: no heuristic may refuse one while it is made.
+    TakeRung({}, search.thread, search.root);
     if (search.root.m_shPlies == 1) {
         SolveMateInOne(search);
         return 0;
@@ -220,14 +225,11 @@ int FindMateAtRoot(TRootSearch& search, bool bAllowForce) {
     if (bAllowForce) {
         const int advice = AdviseThreads(search);
         if (advice != 0) {
+            TakeRung(first, search.thread, search.root);
             return -advice;
         }
     }
-    search.ladder = HeuristicLadder(search.root);
-    const bool bHeuristics = search.root.m_heuristicFlags.Raw() != 0;
-    const THeuristicRung first = RungOf(search.thread, search.root);
     TRootThreads threads(search);
-    TakeRung({}, search.thread, search.root);
     RunReportedPass(search, threads, SievePass, "0", false);
     if (bHeuristics) {
         TakeRung(first, search.thread, search.root);
