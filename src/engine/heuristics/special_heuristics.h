@@ -1,6 +1,6 @@
 #pragma once
 // TSpecialHeuristics: the parameters of a set of special heuristics. Each search thread has its own copy,
-// taken from the job's at its start; relaxation weakens them between passes.
+// given to it with each pass; relaxation weakens them between passes.
 
 #include <array>
 #include <cstdint>
@@ -75,7 +75,6 @@ struct TSpecialHeuristics {
     std::uint8_t KeyField = NoHeuristicField;
     std::uint8_t KeyWhiteFigureField = NoHeuristicField;  ///< The pinning figure.
     std::uint8_t KeyPinnedField = NoHeuristicField;
-    std::uint8_t KeyPinnedAttacker = NoHeuristicField;
     bool bKeyFigureAlternates = false;  ///< Relaxation takes turns with SH_DONTLETFIGUREUNBLOCK.
     std::uint8_t KeyLine = NoHeuristicField;  ///< File, 0 to 7.
     std::uint8_t KeyDiagonalField1 = NoHeuristicField;

@@ -70,7 +70,6 @@ void ChooseHeuristics(TSolveTask& task, TThreadContext& thread, TChessboard& roo
     }
     thread.m_heuristics.bLetRelaxHeuristics = options.bLetRelaxHeuristics;
     thread.m_heuristics.bRunPassWithoutHeuristics = options.bRunPassWithoutHeuristics;
-    task.m_heuristics = thread.m_heuristics;
 }
 
 THeuristicRung RungOf(const TThreadContext& thread, const TChessboard& root) {

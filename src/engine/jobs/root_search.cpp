@@ -143,9 +143,7 @@ bool Relax(TRootSearch& search) {
     const auto output = [&task](const std::string& line) {
         task.Report(task.m_callbacks.onText, line);
     };
-    const bool bRelaxed = TryRelaxSpecialHeuristics(search.root, output) != NothingToRelax;
-    task.m_heuristics = search.thread.m_heuristics;
-    return bRelaxed;
+    return TryRelaxSpecialHeuristics(search.root, output) != NothingToRelax;
 }
 
 void RunHeuristicPasses(TRootSearch& search, TRootThreads& threads) {

@@ -81,7 +81,6 @@ struct TSolveTask {
     /// No earlier position above these plies is a repetition.
     std::uint16_t m_shRepetitionFrom = 0;
     bool m_bSafeMode = true;
-    TSpecialHeuristics m_heuristics;  ///< Parameters of the pass in hand; threads copy them.
     /// The analysis found that the black king can hardly be held on the edge.
     bool m_bEdgeHardToHold = false;
     std::uint16_t m_threadCount = 1;          ///< Threads at the root, and of each further level.

@@ -245,9 +245,6 @@ TNodeResult RunBlackNode(TChessboard& board) {
         return board.m_blackChecker != NoChecker && !CanBlackEscapeCheck(board) ? ResultMate
                                                                                 : ResultNoMate;
     }
-    if (board.m_shPlies + 1 == board.m_shRootPlies) {
-        TestQueenAgainstRook(board);
-    }
     TBlackNode<bLogger> node{.board = board, .thread = thread, .plies = board.m_shPlies};
     if (AnyMoveHolds(node)) {
         return node.answer;

@@ -26,11 +26,6 @@ inline bool HasGlobalData(const TChessboard&) noexcept {
     return false;
 }
 
-// ---- Black nodes
-
-/// Queen against rook, right behind the first move: a refutation that a pass of White shows.
-inline void TestQueenAgainstRook(TChessboard&) noexcept {}
-
 // ---- Quicker mate
 
 /// A recogniser of whole lines, run once per deepening.
