@@ -31,10 +31,10 @@ constexpr std::uint64_t BudgetsOfAll = 4;
 
 /// The first turn of the scout that looks at all moves. What it solves then needs no other.
 constexpr std::uint64_t FirstTurn = 150'000;
-/// First turn of all others, and how turns grow from round to round.
+/// First turn of all others, and how turns grow from round to round. The scout of all moves has turns as
+/// long as those of all others together: half of the work is always that of the one that needs no luck.
 constexpr std::uint64_t TurnOfFirstRound = 15'000;
 constexpr std::uint64_t GrowthPerRound = 3;
-constexpr std::uint64_t TurnsOfAllMoves = 6;  ///< The scout of all moves has turns so much longer.
 
 /// A scout's rules, and how far it got.
 struct TScoutPlan {
@@ -45,12 +45,10 @@ struct TScoutPlan {
     TPassReport report{};
 };
 
-/// Moves that leave few replies or threaten mate, more and more of them.
+/// Moves that leave few replies or threaten mate.
 constexpr TScoutFilter ForcingFilters[] = {
     {.mostReplies = 2, .bThreats = true},
-    {.mostReplies = 4, .bThreats = false},
     {.mostReplies = 4, .bThreats = true},
-    {.mostReplies = 8, .bThreats = true},
 };
 
 /// Heuristics that hardly change what a scout looks at: a set of these alone is not worth one, nor are two
@@ -165,7 +163,7 @@ class TScoutTeam {
         for (std::uint64_t turn = TurnOfFirstRound; MayGoOn(); turn *= GrowthPerRound) {
             for (TScoutPlan* pPlan : m_plans) {
                 const bool bAllMoves = pPlan == &m_all[0];
-                if (TakesTurn(*pPlan, bAllMoves ? turn * TurnsOfAllMoves : turn)) {
+                if (TakesTurn(*pPlan, bAllMoves ? turn * CountOpenOthers() : turn)) {
                     return true;
                 }
             }
@@ -174,6 +172,14 @@ class TScoutTeam {
     }
 
   private:
+    /// At least one, so that the scout of all moves goes on when it is alone.
+    std::uint64_t CountOpenOthers() const {
+        const auto open = std::count_if(m_plans.begin(), m_plans.end(), [this](const auto* p) {
+            return p != &m_all[0] && !p->bFailed;
+        });
+        return std::max<std::uint64_t>(1, static_cast<std::uint64_t>(open));
+    }
+
     bool MayGoOn() const {
         const bool bAnyLeft = std::any_of(m_plans.begin(), m_plans.end(),
                                           [](const TScoutPlan* p) { return !p->bFailed; });

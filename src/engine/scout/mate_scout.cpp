@@ -30,6 +30,20 @@ std::uint32_t WithPatience(std::uint32_t second) {
     return Capped(std::uint64_t{second} + second / 4 + 1);
 }
 
+/// A quiet move that threatens nothing leaves Black free to do what he likes, so it looks that much dearer
+/// than its replies alone. The factors 3 and 4 solve no more, and the threats have to count.
+constexpr int QuietMoveFactor = 2;
+constexpr int MostForcedReplies = 3;
+
+/// Check, or mate next move if Black does nothing.
+bool ThreatensMate(TChessboard& afterWhite) {
+    if (afterWhite.m_blackChecker != NoChecker) {
+        return true;
+    }
+    TChessboard* passed = CopyToNextSlot(afterWhite);
+    return PassBlack(*passed) && IsMateInOne(*passed);
+}
+
 /// Black's replies, with those of pinned men that are not legal: never fewer than there are.
 int EstimateReplies(const TChessboard& board) {
     TMove moves[MaxMovesOfSide];
@@ -92,14 +106,7 @@ bool TMateScout::IsLeftOut(TChessboard& child) const noexcept {
     if (!m_filter.IsOn() || EstimateReplies(child) <= m_filter.mostReplies) {
         return false;
     }
-    if (!m_filter.bThreats) {
-        return true;
-    }
-    if (child.m_blackChecker != NoChecker) {
-        return false;
-    }
-    TChessboard* passed = CopyToNextSlot(child);
-    return !PassBlack(*passed) || !IsMateInOne(*passed);
+    return !m_filter.bThreats || !ThreatensMate(child);
 }
 
 TProofNumbers TMateScout::NumbersAfterWhite(TChessboard& child) noexcept {
@@ -112,7 +119,8 @@ TProofNumbers TMateScout::NumbersAfterWhite(TChessboard& child) noexcept {
     if (replies == 0) {
         return child.m_blackChecker != NoChecker ? Proved : Disproved;
     }
-    return {static_cast<std::uint32_t>(replies), 1};
+    const bool bForcing = replies <= MostForcedReplies || ThreatensMate(child);
+    return {static_cast<std::uint32_t>(bForcing ? replies : replies * QuietMoveFactor), 1};
 }
 
 TProofNumbers TMateScout::NumbersAfterBlack(TChessboard& child) noexcept {

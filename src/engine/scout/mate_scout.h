@@ -55,7 +55,11 @@ class TMateScout {
     };
     /// The children of a node that are not settled.
     struct TChildren {
-        std::array<TChild, MaxMovesOfSide> list;
+        TChildren() noexcept {}
+
+        union {  // Not cleared: that would be 4 KiB for each visit of a node.
+            std::array<TChild, MaxMovesOfSide> list;
+        };
         int count = 0;
     };
     struct TChoice;
