@@ -32,7 +32,6 @@ enum class TStateBit : std::uint16_t {
 /// m_heuristicFlags: only the bits that the make operations look at themselves.
 enum class TMakeHeuristic : std::uint32_t {
     TrackedFields = 0x80,           ///< m_trackedFields is in use.
-    BlockedPawnsPly = 0x20000,      ///< A pawn may be refused at one particular ply.
     KeyFieldInPlay = 0x40000,       ///< Cleared when the captured man was the key of a heuristic.
     ForbiddenKingFields = 0x100000  ///< A list of fields that the white king may not enter.
 };

@@ -164,13 +164,9 @@ std::int8_t FindChecker(const TChessboard& board, const TBlackStep& step) {
     return CombineCheckers(direct, discovered);
 }
 
-/// Heuristics may forbid a pawn to move; a marked pawn may still capture.
-bool IsPawnHeld(const TChessboard& board, const TBlackStep& step, TMove move) {
-    if ((step.moved & MarkBit) != 0 && FileOf(step.from) == FileOf(step.to)) {
-        return true;
-    }
-    return board.m_heuristicFlags.Has(TMakeHeuristic::BlockedPawnsPly) &&
-           !HooksOf(board).m_pMayBlackPawnMove(board, move);
+/// A marked pawn is held, but may capture.
+bool IsPawnHeld(const TBlackStep& step) {
+    return (step.moved & MarkBit) != 0 && FileOf(step.from) == FileOf(step.to);
 }
 
 void MoveKingCache(TChessboard& board, int to) {
@@ -189,7 +185,7 @@ int MakeBlackMove(TChessboard& board, TMove move, bool bSkipLegality) noexcept {
     }
     const TBlackStep step = ReadStep(board, move);
     const TFigureCode promotion = move.PromotionType();
-    if (TypeOf(step.moved) == TypePawn && IsPawnHeld(board, step, move)) {
+    if (TypeOf(step.moved) == TypePawn && IsPawnHeld(step)) {
         return MoveRefused;
     }
     const TCastlingFields* pCastling = nullptr;

@@ -5,7 +5,6 @@ namespace tarnwick {
 const TMakeHooks NoMakeHooks = {
     .m_pMayWhitePlayInOneColour = [](const TChessboard&, TMove) { return true; },
     .m_pMayWhiteKingEnter = [](const TChessboard&, int) { return true; },
-    .m_pMayBlackPawnMove = [](const TChessboard&, TMove) { return true; },
     .m_pUpdateKingArea = [](TChessboard&) {},
     .m_pUpdateKeyField = [](TChessboard&, int) {},
 };

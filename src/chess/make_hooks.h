@@ -12,8 +12,6 @@ struct TMakeHooks {
     bool (*m_pMayWhitePlayInOneColour)(const TChessboard& board, TMove move);
     /// ForbiddenKingFields set: may refuse a field to the white king.
     bool (*m_pMayWhiteKingEnter)(const TChessboard& board, int field);
-    /// BlockedPawnsPly set: may refuse a black pawn's move.
-    bool (*m_pMayBlackPawnMove)(const TChessboard& board, TMove move);
     /// After a white move, KingAreaState set: computes that flag anew.
     void (*m_pUpdateKingArea)(TChessboard& board);
     /// After a capture, KeyFieldInPlay set: clears it if the man captured on the field was the key.

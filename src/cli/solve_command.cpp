@@ -18,6 +18,9 @@ std::string StopMessage(const TSolveTask& task, std::uint64_t elapsedMs) {
     if (StopRequested()) {
         return "stopped by the user";
     }
+    if (!task.m_bLimitReached) {
+        return "stopped";
+    }
     const std::uint64_t timeLimitMs = task.m_options.timeLimitMs;
     const bool bTime = timeLimitMs > 0 && elapsedMs >= timeLimitMs;
     return bTime ? "time limit reached" : "node limit reached";
@@ -29,6 +32,22 @@ std::string OpenMessage(const TEngineOptions& options) {
         options.bLetRelaxHeuristics ? "" : ", and weaker heuristics by --relax";
     return "the pass that could prove that there is no mate is switched off by --pass2" +
            relaxation;
+}
+
+/// What the answer alone does not tell; empty when it tells all.
+std::string RemarkOn(const TSolveResult& result, const TSolveTask& task) {
+    switch (result.status) {
+        case TSolveStatus::Stopped:
+            return StopMessage(task, result.elapsedMs);
+        case TSolveStatus::Open:
+            return OpenMessage(task.m_options);
+        case TSolveStatus::Mate:
+            return task.m_options.bAllSolutions && !result.bComplete
+                       ? "the pass that could find further keys is switched off by --pass2"
+                       : "";
+        default:
+            return {};
+    }
 }
 
 /// One problem of this command with the files that belong to it.
@@ -52,10 +71,8 @@ TSolveResult SolveDirectMate(const TInputProblem& input, const TSolveArguments& 
     const bool bRegisterSaved = file.SaveAtEnd();
     const bool bAnswerSaved = solved.SaveAtEnd();
     *pbSaved = bRegisterSaved && bAnswerSaved;
-    if (result.status == TSolveStatus::Stopped && result.message.empty()) {
-        result.message = StopMessage(task, result.elapsedMs);
-    } else if (result.status == TSolveStatus::Open && result.message.empty()) {
-        result.message = OpenMessage(task.m_options);
+    if (result.message.empty()) {
+        result.message = RemarkOn(result, task);
     }
     return result;
 }

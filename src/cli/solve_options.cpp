@@ -12,13 +12,12 @@
 #include "engine/engine_texts.h"
 #include "engine/heuristics/heuristic_list.h"
 #include "engine/jobs/job_memory.h"
+#include "engine/jobs/problem_job.h"
 #include "engine/threads/level_quantum.h"
 #include "engine/threads/multithreading_level.h"
 
 namespace tarnwick {
 namespace {
-
-constexpr std::uint8_t SchedulerLevelsNotGiven = 255;
 
 struct TTypedThreads {
     int threads = 1;
@@ -46,22 +45,10 @@ std::optional<TTypedThreads> ParseThreads(std::string_view text) {
 }
 
 void SetThreads(TEngineOptions& options, const std::string& text) {
-    const TTypedThreads typed =
-        ParseThreads(text).value_or(TTypedThreads{ProcessorsOfMachine().physical, 1});
-    options.threads = static_cast<std::uint16_t>(std::min(typed.threads, MostThreadsPerLevel));
-    options.multithreadingLevels = static_cast<std::uint8_t>(typed.levels);
-}
-
-/// The problem's own wish as the command line would write it; empty if it has none that makes sense.
-std::string ThreadsOf(const TChessProblem& problem) {
-    if (problem.m_threads == ThreadsNotGiven) {
-        return "";
+    if (const auto typed = ParseThreads(text)) {
+        options.threads = static_cast<std::uint16_t>(typed->threads);
+        options.multithreadingLevels = static_cast<std::uint8_t>(typed->levels);
     }
-    std::string text = std::to_string(problem.m_threads);
-    if (problem.m_threadsAux != ThreadsNotGiven) {
-        text += "^" + std::to_string(problem.m_threadsAux);
-    }
-    return ThreadsFault(text).empty() ? text : "";
 }
 
 void SetMemory(TEngineOptions& options, std::string_view text) {
@@ -72,13 +59,11 @@ void SetMemory(TEngineOptions& options, std::string_view text) {
     }
 }
 
-void SetScheduler(TEngineOptions& options, const TChessProblem& problem,
-                  const TSolveArguments& arguments) {
-    const int ofProblem = problem.m_schedulerLevels == SchedulerLevelsNotGiven
-                              ? options.schedulerLevels
-                              : problem.m_schedulerLevels;
-    options.schedulerLevels = static_cast<std::uint8_t>(
-        std::min(arguments.schedulerLevels.value_or(ofProblem), MostSchedulerLevels));
+void SetScheduler(TEngineOptions& options, const TSolveArguments& arguments) {
+    if (arguments.schedulerLevels) {
+        options.schedulerLevels =
+            static_cast<std::uint8_t>(std::min(*arguments.schedulerLevels, MostSchedulerLevels));
+    }
     options.bCustomScheduler = arguments.bCustomScheduler;
 }
 
@@ -86,8 +71,7 @@ bool IsAutomatic(const TSolveArguments& arguments) {
     return arguments.heuristics.empty() || arguments.heuristics == "auto";
 }
 
-void SetHeuristicPasses(TEngineOptions& options, const TChessProblem& problem,
-                        const TSolveArguments& arguments) {
+void SetHeuristicPasses(TEngineOptions& options, const TSolveArguments& arguments) {
     if (IsAutomatic(arguments)) {
         options.heuristics = THeuristicsFrom::Analysis;
     } else {
@@ -96,7 +80,7 @@ void SetHeuristicPasses(TEngineOptions& options, const TChessProblem& problem,
     }
     options.bLetRelaxHeuristics = arguments.relax != "off";
     options.bStopRelaxOnFirstSolution =
-        arguments.relax.empty() && problem.m_bStopRelaxHeuristicsOnFirstSolution;
+        arguments.relax.empty() && options.bStopRelaxOnFirstSolution;
     options.bRunPassWithoutHeuristics = arguments.finalPass != "off";
     options.bForcedMatePasses = !arguments.bNoForced;
 }
@@ -141,20 +125,20 @@ std::string HeuristicsFault(const std::string& text) {
 }
 
 TEngineOptions OptionsFor(const TChessProblem& problem, const TSolveArguments& arguments) {
-    const bool bStopOnDual = problem.m_shOptions.Has(TProblemOption::StopOnDual);
-    const bool bStopOn3Sol = problem.m_shOptions.Has(TProblemOption::StopOn3Sol);
-    const bool bManyKeys = problem.m_shOptions.Has(TProblemOption::AllSolutions);
     TEngineOptions options;
-    options.bAllSolutions = arguments.bAll || bManyKeys || bStopOnDual || bStopOn3Sol;
-    options.bStopOnDual = !arguments.bAll && bStopOnDual;
-    options.bStopOn3Sol = !arguments.bAll && bStopOn3Sol;
+    options.bQuickMode = arguments.bQuick;
+    options.threads =
+        static_cast<std::uint16_t>(std::min(ProcessorsOfMachine().physical, MostThreadsPerLevel));
+    TakeOptionsOfProblem(options, problem);
+    if (arguments.bAll) {
+        WantAllKeys(options);
+    }
     options.timeLimitMs = LimitMs(arguments.seconds);
     options.nodeLimit = arguments.nodes;
-    options.bQuickMode = arguments.bQuick && !problem.m_shOptions.Has(TProblemOption::SafeMode);
-    SetThreads(options, arguments.threads.empty() ? ThreadsOf(problem) : arguments.threads);
+    SetThreads(options, arguments.threads);
     SetMemory(options, arguments.memory);
-    SetScheduler(options, problem, arguments);
-    SetHeuristicPasses(options, problem, arguments);
+    SetScheduler(options, arguments);
+    SetHeuristicPasses(options, arguments);
     options.bScout = !arguments.bNoScout;
     options.bLogMoves = !arguments.logFolder.empty();
     options.logFolder = arguments.logFolder;
@@ -163,14 +147,9 @@ TEngineOptions OptionsFor(const TChessProblem& problem, const TSolveArguments& a
 
 void SetUpJob(TSolveTask& task, const TChessProblem& problem, const TSolveArguments& arguments) {
     task.m_options = OptionsFor(problem, arguments);
-    task.m_sortHints = HintsOfProblem(problem);
-    task.m_problemNumber = static_cast<std::uint32_t>(problem.m_id);
+    TakeHintsOfProblem(task, problem, false);
     if (task.m_options.heuristics == THeuristicsFrom::User) {
         task.m_givenHeuristics = ParseHeuristicList(arguments.heuristics);
-    } else if (IsAutomatic(arguments) && !problem.m_heuristicSettings.empty()) {
-        task.m_adjustHeuristics = [&problem](THeuristicSet& set) {
-            ApplyHeuristicSettings(set, problem);
-        };
     }
 }
 

@@ -21,7 +21,7 @@ std::string HeuristicsFault(const std::string& text);
 /// mode overlooks the key. The arguments must have no faults.
 TEngineOptions OptionsFor(const TChessProblem& problem, const TSolveArguments& arguments);
 
-/// The job of a direct mate: options, hints, heuristics. The job keeps a pointer to the problem.
+/// The job of a direct mate: options, hints, heuristics. The job keeps no pointer to the problem.
 void SetUpJob(TSolveTask& task, const TChessProblem& problem, const TSolveArguments& arguments);
 
 }  // namespace tarnwick

@@ -59,6 +59,8 @@ struct TEngineOptions {
     /// Analyse also problems of five moves and less, which are solved sooner without: for tests that want
     /// to see the passes at work on positions that a slow solver can judge.
     bool bAnalyseAlways = false;
+    /// Below White's moves that face a king just driven to the edge, search first as if it had to stay.
+    bool bHeuristicsFallback = false;
     /// The analysis may begin with passes of forcing moves.
     bool bForcedMatePasses = true;
 

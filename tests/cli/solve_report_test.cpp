@@ -49,11 +49,6 @@ TEST_F(SolveReport, PassesTellWhatBecameOfThem) {
     EXPECT_THAT(BriefText(m_solved, m_plain), HasSubstr("key found in pass 1b"));
 }
 
-TEST_F(SolveReport, ScoutIsNoPass) {
-    FindKeyInPass("scout");
-    EXPECT_THAT(OutcomeText(m_solved, m_plain), HasSubstr("key found by the scout\n"));
-}
-
 TEST_F(SolveReport, OpenProblemIsNeitherSolvedNorRefuted) {
     Result().status = TSolveStatus::Open;
     Result().message = "nobody knows";

@@ -23,10 +23,23 @@ DATA = pathlib.Path(os.environ.get("TARNWICK_SHARED_DATA_DIR", os.environ.get("T
 MATE_2 = "7k/8/5K2/8/8/8/8/6R1"  # only key Kf7
 MATE_2_SWAPPED = "6r1/8/8/8/8/5k2/8/7K"
 START = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR"  # with a long stipulation: never ends
+ENDLESS = "7k/8/p1p1p1p1/PpPpPpPp/1P1P1P1P/8/8/K1B5"
 FOUR_KEYS = "7k/8/5KQ1/8/8/8/8/RR6"  # mates in one
 FIELDS = ["id", "fen", "mate", "status", "keys", "all", "exact", "nodes", "ms", "message", "safe_mode",
           "register", "passes", "pass_found"]
 PASS_FIELDS = ["name", "heuristics", "nodes", "ms", "keys", "result", "complete"]
+
+
+def shared_position(name):
+    """The placement of a problem of moremovers.epd; None: the file is missing."""
+    path = DATA / "moremovers.epd"
+    if not path.is_file():
+        return None
+    return re.search(rf'^(\S+) .* id "{re.escape(name)}";', path.read_text(), re.M)[1]
+
+
+MATE_8 = shared_position("6-8.19")
+needs_mate_8 = unittest.skipIf(MATE_8 is None, "moremovers.epd is missing")
 
 
 def problem(number, stipulation, position=f"FEN: {MATE_2}", answer=""):
@@ -79,7 +92,8 @@ class Usage(CliCase):
 
     def test_help_of_all_commands_has_their_options(self):
         for command, word in [("solve", "--mate"), ("show", "--unicode"), ("lint", "--json"),
-                              ("format", "--in-place"), ("analyze", "--no-trials"), ("perft", "--divide"), ("bench", "--json")]:
+                              ("format", "--in-place"), ("analyze", "--no-trials"),
+                              ("perft", "--divide"), ("bench", "--json")]:
             out, err = self.expect(0, command, "--help")
             self.assertIn(word, out)
             self.assertEqual(err, "")
@@ -189,10 +203,7 @@ class SolveJson(CliCase):
         self.assertEqual(first, second)
 
 
-MATE_8 = "2k5/1pPp4/1P1P1P2/5P2/P5p1/6N1/5Bp1/Q5K1"
-ENDLESS = "7k/8/p1p1p1p1/PpPpPpPp/1P1P1P1P/8/8/K1B5"
-
-
+@needs_mate_8
 class SolveFiles(CliCase):
     """What outlives a solve."""
 
@@ -337,6 +348,7 @@ class SolveFiles(CliCase):
         self.assertEqual(sorted(names), [f"MovesLogger_problem1_thread{i}.log" for i in (0, 1)])
 
 
+@needs_mate_8
 class SolveHeuristics(CliCase):
     """Passes with heuristics and who decides about them."""
 
@@ -405,6 +417,7 @@ class SolveHeuristics(CliCase):
         self.assertEqual((found["status"], found["exact"], passes[-1]), ("no-mate", True, ("2", "")))
 
 
+@needs_mate_8
 class Analyze(CliCase):
     def test_text(self):
         out, err = self.expect(0, "analyze", "--fen", MATE_8, "--mate", "8")

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/heuristics/king_area_checks.h"
 #include "engine/heuristics/tracked_men.h"
 #include "heuristic_line.h"
 
@@ -44,6 +45,7 @@ TEST(DynamicUnblock, FollowsTheMenWithinItsScope) {
     EXPECT_EQ(line.Board().m_heuristicFlags.Raw(), SH_DONTRECEDEBLACKKING);
     EXPECT_EQ(line.Board().m_heuristicKey, key);
     EXPECT_EQ(line.Parameters().UnblockFieldCount, 0);
+    EXPECT_TRUE(FollowedFields(line.Board()).empty());
 }
 
 TEST(DynamicUnblock, SearchFindsTheMateOfTheShutInKing) {
@@ -73,6 +75,17 @@ TEST(DynamicFallback, NeedsAKingJustDrivenToTheEdge) {
     EXPECT_FALSE(canFallBack(Minors, {"Kb3-b2", "Kd3-d2"}));
     EXPECT_FALSE(canFallBack("8/8/8/8/8/k2K4/8/5Bn1", {"Ka3-a2", "Kd3-c3"}));
     EXPECT_FALSE(canFallBack("8/8/8/8/8/1k1K4/8/5Bnr", {"Kb3-a3", "Kd3-c3"}));
+}
+
+TEST(StrictEdgeScope, HoldsTheKingWhereItStandsNow) {
+    CHeuristicLine line("8/8/8/8/8/1k1K4/8/5Bn1", SH_KEEPKINGONTHEEDGE, BlackLinePlies);
+    line.Play({"Kb3-a3", "Kd3-c3"});
+    const CStrictEdgeScope scope(line.Board());
+    line.Parameters().bKingAlmostStrict = false;
+    line.Play({"Ng1-f3", "Bf1-e2"});
+    EXPECT_FALSE(IsKingOutOfArea(line.Board()));
+    line.Play({"Ka3-a4", "Be2-f1"});
+    EXPECT_TRUE(IsKingOutOfArea(line.Board()));
 }
 
 TEST(StrictEdgeScope, IsPutBack) {

@@ -4,12 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "engine/forced/forced_moves.h"
-#include "engine/jobs/moves_logger.h"
 #include "forced_line.h"
 #include "support/case_name.h"
 #include "support/random_positions.h"
 #include "support/slow_solver.h"
-#include "support/temp_folder.h"
 
 namespace tarnwick {
 namespace {
@@ -146,9 +144,10 @@ INSTANTIATE_TEST_SUITE_P(
     CaseName);
 
 /// A king walled in by its own men, and a queen that comes with threats only.
-constexpr const char* ForcedProblem = "6br/r4p1k/5Pp1/6P1/6P1/Q6K/RPPPP3/8";
+constexpr const char* ForcedProblem = "6-8.10";
 
 TEST(ForcedPass, NeedsAFractionOfTheOrdinaryWork) {
+    SKIP_IF_MISSING(ForcedProblem);
     constexpr int Moves = 7;
     CForcedLine line(ForcedProblem, Moves, TForcedLevel::Threat1);
     EXPECT_EQ(line.RunPass().keys, std::vector<std::string>{"Qa3-g3"});
@@ -167,11 +166,6 @@ TEST(ForcedPass, EndsAtOnceWhereNothingForces) {
     EXPECT_LT(line.WorkNodes(), 1000U);
 }
 
-TEST(ForcedPass, LeavesShortProblemsAlone) {
-    CForcedLine line("7k/5K2/8/8/8/8/8/1R6", 2, TForcedLevel::Threat5);
-    EXPECT_TRUE(line.RunPass().keys.empty());
-}
-
 // ---- The depth limit of its own
 
 TEST(ForcedDepth, IsToldOnlyWhereItWasInTheWay) {
@@ -188,40 +182,13 @@ TEST(ForcedDepth, IsToldOnlyWhereItWasInTheWay) {
     EXPECT_EQ(search(3, 3), ResultDoubtful);
 }
 
-/// How often the log of a search at the root tells of the limit.
-std::size_t LimitsInLog(int limit) {
-    const CTempFolder folder;
-    TEngineOptions options = CForcedLine::WithRegister();
-    options.logFolder = folder.Path();
-    CForcedLine line("2kr4/3p1K2/8/8/2B5/8/Q7/8", 6, TForcedLevel::Threat2, 0, options);
-    TThreadContext& thread = line.SearchThread();
-    thread.m_pLogger = std::make_unique<TMovesLogger>(thread, false);
-    FindForcedMateWhite(line.Root(), limit);
-    thread.m_pLogger.reset();
-    const std::string log = ReadBytes(folder / "MovesLogger_problem0_thread0.log");
-    EXPECT_NE(log.find("Qa2-a7"), std::string::npos) << log;
-    std::size_t count = 0;
-    for (std::size_t at = 0;
-         (at = log.find("end of FindForcedMate depth", at)) != std::string::npos; ++at) {
-        ++count;
-    }
-    return count;
-}
-
-TEST(ForcedDepth, StandsInTheLogOnlyUnderALimit) {
-    EXPECT_EQ(LimitsInLog(NoForcedDepth), 0U);
-    EXPECT_GT(LimitsInLog(3), 0U);
-}
-
 // ---- With other heuristics
 
 std::vector<std::string> KeysWithOthers(const char* fen, TForcedLevel level,
                                         TForcedWithOthers others,
-                                        std::uint32_t mask = SH_KEEPKINGONTHEEDGE,
-                                        bool bNoEdge = false) {
+                                        std::uint32_t mask = SH_KEEPKINGONTHEEDGE) {
     CForcedLine line(fen, 5, level, mask);
     line.Parameters().ForcedWithOthers = others;
-    line.Parameters().bForcedNoEdge = bNoEdge;
     line.Set(line.Root().m_heuristicFlags.Raw());
     return line.RunPass().keys;
 }
@@ -239,13 +206,13 @@ TEST(ForcedWithOthers, PartiallyTheOrdinarySearchGoesOnWhereForcingEnds) {
     EXPECT_TRUE(KeysWithOthers(quietEnd, TForcedLevel::CheckOnly, TForcedWithOthers::No).empty());
     const std::vector<std::string> key = {"Rd7-f7"};
     EXPECT_EQ(KeysWithOthers(quietEnd, TForcedLevel::CheckOnly, TForcedWithOthers::Partially), key);
-    // With nothing left that holds the king there is nothing to go on with.
-    const auto keysWithArea = [&](bool bNoEdge) {
+    // With nothing that holds the king there is nothing to go on with.
+    const auto keysWith = [&](std::uint32_t mask) {
         return KeysWithOthers(quietEnd, TForcedLevel::CheckOnly, TForcedWithOthers::Partially,
-                              SH_ASSERTBLACKKINGSURROUNDED, bNoEdge);
+                              mask);
     };
-    EXPECT_EQ(keysWithArea(false), key);
-    EXPECT_TRUE(keysWithArea(true).empty());
+    EXPECT_EQ(keysWith(SH_ASSERTBLACKKINGSURROUNDED), key);
+    EXPECT_TRUE(keysWith(SH_AREKINGSNEAR).empty());
 }
 
 // ---- Agreement with who tries everything
@@ -318,6 +285,7 @@ TEST(ForcedStop, WhatAStoppedSearchLeavesHidesNothing) {
 }
 
 TEST(ForcedStop, ComesAtOnce) {
+    SKIP_IF_MISSING(ForcedProblem);
     CForcedLine line(ForcedProblem, 7, TForcedLevel::Threat5);
     line.Task().Stop();
     EXPECT_TRUE(line.RunPass().keys.empty());
@@ -325,7 +293,8 @@ TEST(ForcedStop, ComesAtOnce) {
 }
 
 TEST(ForcedThreads, FindTheSameKeys) {
-    const char* fen = "2k5/1pPp4/1P1P1P2/5P2/P5p1/6N1/5Bp1/Q5K1";
+    SKIP_IF_MISSING("6-8.19");
+    const char* fen = "6-8.19";
     const auto keysWith = [&](int threads, int& joined) {
         TEngineOptions options = CForcedLine::WithRegister();
         options.threads = static_cast<std::uint16_t>(threads);

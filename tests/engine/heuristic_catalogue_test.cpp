@@ -1,10 +1,8 @@
 #include "engine/heuristics/heuristic_catalogue.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <bit>
 #include <map>
 #include <string>
 #include <vector>
@@ -87,31 +85,6 @@ std::string FirstMixedWord(const std::string& text) {
     return {};
 }
 
-TEST(HeuristicCatalogue, HasEveryUsedBitOnceInOrder) {
-    std::uint32_t all = 0;
-    for (const THeuristicEntry& entry : HeuristicCatalogue()) {
-        EXPECT_TRUE(std::has_single_bit(entry.bit)) << entry.name;
-        EXPECT_GT(entry.bit, all) << entry.name;
-        EXPECT_EQ(FindHeuristic(entry.bit), &entry);
-        all |= entry.bit;
-    }
-    EXPECT_EQ(all, 0xCFFFFEFFU);
-}
-
-TEST(HeuristicCatalogue, FindsEveryNameInAnyCase) {
-    for (const THeuristicEntry& entry : HeuristicCatalogue()) {
-        std::string name = entry.name;
-        EXPECT_THAT(name, ::testing::StartsWith("SH_"));
-        EXPECT_EQ(HeuristicBitOfName(name), entry.bit);
-        std::ranges::transform(name, name.begin(), [](char c) {
-            return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-        });
-        EXPECT_EQ(HeuristicBitOfName(name), entry.bit) << name;
-        EXPECT_STREQ(HeuristicName(entry.bit), entry.name);
-    }
-    EXPECT_EQ(HeuristicBitOfName("SH_SAVEQUEEN/ROOK"), SH_SAVEQUEENROOK);
-}
-
 TEST(HeuristicCatalogue, KnowsNoOtherNamesAndBits) {
     for (const char* name : {"", "SH_", "...", "SH_KEYLINEX", "SH_KEYLIN", "SH_SAVEQUEENROOK"}) {
         EXPECT_EQ(HeuristicBitOfName(name), 0U) << name;
@@ -119,16 +92,6 @@ TEST(HeuristicCatalogue, KnowsNoOtherNamesAndBits) {
     for (const std::uint32_t bits : {0x100U, 0x10000000U, 0x20000000U, 0U, 0x3U}) {
         EXPECT_STREQ(HeuristicName(bits), "...") << bits;
         EXPECT_EQ(FindHeuristic(bits), nullptr) << bits;
-    }
-}
-
-TEST(HeuristicCatalogue, ExplainsWhatTheUserMaySetAndNothingElse) {
-    const std::uint32_t setByEngine =
-        SH_ZUGZWANGTRIANGLES | SH_USEBLOCKBLACKPAWNSLEVEL | SH_KEYFIELD;
-    for (const THeuristicEntry& entry : HeuristicCatalogue()) {
-        const bool bShown = (entry.bit & setByEngine) == 0;
-        EXPECT_EQ(entry.label.en != nullptr, bShown) << entry.name;
-        EXPECT_EQ(entry.pTooltip != nullptr, bShown) << entry.name;
     }
 }
 

@@ -55,15 +55,6 @@ INSTANTIATE_TEST_SUITE_P(
         TListCase{"Empty", 0, [](THeuristicSet& set) { set.parameters.CornerDistance = 3; }, ""},
         TListCase{"OrderOfBitsAndUnusedOnes", SH_ZUGZWANG | SH_AREKINGSNEAR | 0x100,
                   [](THeuristicSet&) {}, "SH_AREKINGSNEAR, ..., SH_ZUGZWANG"},
-        TListCase{"KingMustNotMove", SH_KEEPKINGONTHEEDGE | SH_SAVEQUEENROOK,
-                  [](THeuristicSet& set) {
-                      set.parameters.bKingStrict = true;
-                      set.parameters.bKingAlmostStrict = false;
-                  },
-                  "SH_DONTLETKINGMOVE, SH_SAVEQUEEN/ROOK"},
-        TListCase{"KingMustNotMoveWithExceptions", SH_KEEPKINGONTHEEDGE,
-                  [](THeuristicSet& set) { set.parameters.bKingStrict = true; },
-                  "SH_DONTLETKINGMOVE(excptns)"},
         TListCase{"StrictEdgeThatRelaxes", SH_KEEPKINGONTHEEDGE,
                   [](THeuristicSet& set) {
                       set.parameters.bKingStrict = set.parameters.bRelaxOnAdvancedPawn = true;
@@ -79,8 +70,6 @@ INSTANTIATE_TEST_SUITE_P(
                       p.DeferSecond = 6;
                   },
                   "SH_KEEPKINGONTHEEDGE, SH_KEEPKINGWITHINEXTEDGE(A,D4,M6strict)"},
-        TListCase{"EdgeIsPlainByDefault", SH_KEEPKINGONTHEEDGE, [](THeuristicSet&) {},
-                  "SH_KEEPKINGONTHEEDGE"},
         TListCase{"OneColour", SH_ONECOLORPLAYPOSSIBLE,
                   [](THeuristicSet& set) { set.oneColourMode = SeparatedBlackBishop; },
                   "SH_ONECOLORPLAYPOSSIBLE(SeparatedBlackBishop)"},
@@ -95,15 +84,6 @@ INSTANTIATE_TEST_SUITE_P(
         TListCase{"NotDynamically", SH_3MOVESTOMATE,
                   [](THeuristicSet& set) { set.parameters.bCannotApplyDynamically = true; },
                   "SH_3MOVESTOMATE (CannotApplyDLFUDynamically)"},
-        TListCase{"ForcedMate", SH_FINDFORCEDMATE,
-                  [](THeuristicSet& set) {
-                      set.parameters.ForcedLevel = TForcedLevel::Threat1Plus;
-                      set.parameters.bForcedInitialPass = set.parameters.bForcedCustom = true;
-                  },
-                  "SH_FINDFORCEDMATE(#1+-Preliminary-Custom)"},
-        TListCase{"Corner", SH_KEEPKINGNEARCORNER,
-                  [](THeuristicSet& set) { set.parameters.CornerDistance = -2; },
-                  "SH_KEEPKINGNEARCORNER(2M)"},
         TListCase{"KeyDiagonalOfWhichOneFieldIsSet", SH_KEYDIAGONAL | SH_KEYLINE | SH_KEYFIELD,
                   [](THeuristicSet& set) {
                       set.parameters.KeyLine = 2;
@@ -239,30 +219,21 @@ TEST(HeuristicList, TellsWhatIsWrongAndWhatIsAllowed) {
     };
     const TRefused refused[] = {
         {"SH_AREKINGSNEAR, SH_NONSENSE", "SH_NONSENSE", "SH_KEEPKINGNEARCORNER"},
-        {"SH_AREKINGSNEAR,,SH_ZUGZWANG", "Unknown heuristic: ", "SH_DONTLETKINGMOVE"},
         {"SH_AREKINGSNEAR,", "Unknown heuristic: ", "SH_SEASNAKE"},
-        {",", "Unknown heuristic: ", "SH_SEASNAKE"},
-        {"(3S)", "Unknown heuristic: ", "SH_SEASNAKE"},
         {"...", "...", "SH_SEASNAKE"},
         {"SH_KEYLINE)", "SH_KEYLINE)", "SH_KEYLINE"},
-        {"SH_KEYLINE(A", "SH_KEYLINE(A", "bracket"},
         {"SH_KEYLINE(A)B", "SH_KEYLINE(A)B", "bracket"},
         {"SH_KEYLINE(A), sh_keyline", "sh_keyline", "twice"},
         {"SH_KEEPKINGONTHEEDGE,SH_DONTLETKINGMOVE", "SH_DONTLETKINGMOVE", "twice"},
         {"SH_KEYLINE(I)", "SH_KEYLINE(I)", "[A-H]"},
-        {"SH_KEYLINE(AB)", "SH_KEYLINE(AB)", "[A-H]"},
         {"SH_KEYFIELD(A9)", "SH_KEYFIELD(A9)", "[A1-H8]"},
         {"SH_KEYDIAGONAL(A1)", "SH_KEYDIAGONAL(A1)", "[A1-H8]-[A1-H8]"},
         {"SH_KEEPKINGNEARCORNER", "SH_KEEPKINGNEARCORNER()", "127M"},
-        {"SH_KEEPKINGNEARCORNER(3)", "(3)", "127M"},
         {"SH_KEEPKINGNEARCORNER(128S)", "(128S)", "127M"},
-        {"SH_KEEPKINGNEARCORNER(-1S)", "(-1S)", "127M"},
         {"SH_KEEPKINGNEARCORNER(99999999999999999999S)", "(99999999999999999999S)", "127M"},
-        {"SH_KEEPKINGWITHINEXTEDGE(C256)", "(C256)", "C1-255"},
-        {"SH_KEEPKINGWITHINEXTEDGE(CD4)", "(CD4)", "C1-255"},
+        {"SH_KEEPKINGWITHINEXTEDGE(C256)", "(C256)", "C0-255"},
         {"SH_DONTLETFIGUREUNBLOCK(A1,B1,A1)", "(A1,B1,A1)", "(8)"},
         {"SH_DONTLETFIGUREUNBLOCK(A1,B1,C1,D1,E1,F1,G1,H1,A2)", "A2)", "(8)"},
-        {"SH_DONTLETFIGUREUNBLOCK(A1,)", "(A1,)", "(8)"},
         {"SH_AREKINGSNEAR(strict)", "SH_AREKINGSNEAR(strict)", "Allowed: none"},
         {"SH_FINDFORCEDMATE(#6)", "(#6)", "#2+"},
         {"SH_FINDFORCEDMATE, SH_SEASNAKE", "FindForcedMate", "SeaSnake"}};

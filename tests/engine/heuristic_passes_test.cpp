@@ -9,6 +9,8 @@
 
 #include "engine/heuristics/heuristic_bits.h"
 #include "engine/heuristics/heuristic_names.h"
+#include "engine/jobs/analyze_problem.h"
+#include "engine/jobs/prepare_root.h"
 #include "solution_tree.h"
 #include "solve_support.h"
 #include "support/random_positions.h"
@@ -18,8 +20,7 @@
 namespace tarnwick {
 namespace {
 
-/// SH_USEBLOCKBLACKPAWNSLEVEL has no control: a job never has it.
-constexpr std::uint32_t AllHeuristics = 0xCFFFFEFF & ~SH_USEBLOCKBLACKPAWNSLEVEL & ~0x30000000U;
+constexpr std::uint32_t AllHeuristics = 0xCFFFFEFF;
 
 THeuristicSet RandomSet(slow::CDice& dice) {
     THeuristicSet set;
@@ -150,6 +151,12 @@ TEST(HeuristicPasses, WithoutTheLastPassNothingIsProved) {
     TEngineOptions options;
     options.bRunPassWithoutHeuristics = false;
     EXPECT_EQ(RunWith("8/8/8/8/8/3k4/8/R3K3", 5, set, options).result.status, TSolveStatus::Open);
+    // Keys are found, but nothing shows that the other moves are none.
+    options.bLetRelaxHeuristics = false;
+    const TRun found = RunWith("4k3/8/8/8/8/8/R7/1R2K3", 5, set, options);
+    EXPECT_EQ(found.result.status, TSolveStatus::Mate);
+    EXPECT_FALSE(found.keys.empty() || found.result.bComplete);
+    EXPECT_EQ(found.result.message, "");
 }
 
 TEST(HeuristicPasses, WithoutRelaxationThereIsOnePass) {
@@ -161,6 +168,39 @@ TEST(HeuristicPasses, WithoutRelaxationThereIsOnePass) {
     ASSERT_EQ(run.result.passes.size(), 3u);  // sieve, heuristics, without
     EXPECT_EQ(run.result.passes[1].name, "1");
 }
+
+class LadderOfAJob : public testing::TestWithParam<const char*> {};
+
+/// What the user is shown is what his job will run, whether the engine or he himself chose the first set.
+TEST_P(LadderOfAJob, IsTheOneShownBefore) {
+    const TChessboard position = BoardOf(GetParam());
+    constexpr int Moves = 9;
+    const TProblemAnalysis shown = AnalyzeProblem(position, Moves);
+    for (const THeuristicsFrom from : {THeuristicsFrom::Analysis, THeuristicsFrom::User}) {
+        TSolveTask task;
+        task.m_shPlies = task.m_shRepetitionFrom = 2 * Moves - 1;
+        task.m_options.heuristics = from;
+        task.m_givenHeuristics = shown.set;
+        const auto thread = std::make_unique<TThreadContext>(task, 1);
+        TChessboard root = PrepareRoot(task, *thread, position);
+        thread->m_pRootBoard = &root;
+        ChooseHeuristics(task, *thread, root);
+        std::vector<std::string> lists;
+        for (const THeuristicRung& rung : HeuristicLadder(root)) {
+            lists.push_back(HeuristicListText(rung.mask, rung.parameters, rung.oneColourMode));
+        }
+        std::vector<std::string> want;
+        for (const TAnalyzedPass& pass : shown.passes) {
+            want.push_back(pass.heuristics);
+        }
+        EXPECT_GT(want.size(), 1u);
+        EXPECT_EQ(lists, want);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Position, LadderOfAJob,
+                         testing::Values("5k2/8/8/8/8/8/5B2/4K2R", "8/8/8/8/2N5/2BB4/3KN3/5k2",
+                                         "5k2/3p1n1p/1P1p4/5K2/6PB/6p1/2p5/Rr6"));
 
 /// Every problem of the shared file under one set: all its keys and no other.
 void CheckSharedProblems(const THeuristicSet* pSet) {
@@ -182,35 +222,42 @@ TEST(SlowHeuristicPasses, SharedProblemsKeepTheirKeysWithTheAnalysis) {
     CheckSharedProblems(nullptr);
 }
 
-class SlowSharedProblemsUnderOneHeuristic : public testing::TestWithParam<int> {};
+class SlowSharedProblemsUnderOneHeuristic : public testing::TestWithParam<std::uint32_t> {};
 
 TEST_P(SlowSharedProblemsUnderOneHeuristic, KeepTheirKeys) {
     THeuristicSet set;
-    set.mask = AllHeuristics & (1U << GetParam());
-    if (set.mask == 0) {
-        GTEST_SKIP() << "no heuristic has this bit";
-    }
+    set.mask = GetParam();
     set.parameters.LoseFiguresPawnMode = 0;
     CheckSharedProblems(&set);
 }
-INSTANTIATE_TEST_SUITE_P(Bits, SlowSharedProblemsUnderOneHeuristic, testing::Range(0, 32));
+
+std::vector<std::uint32_t> SingleBitsOf(std::uint32_t mask) {
+    std::vector<std::uint32_t> bits;
+    for (; mask != 0; mask &= mask - 1) {
+        bits.push_back(mask & (~mask + 1));
+    }
+    return bits;
+}
+
+INSTANTIATE_TEST_SUITE_P(Bits, SlowSharedProblemsUnderOneHeuristic,
+                         testing::ValuesIn(SingleBitsOf(AllHeuristics)));
 
 // ---- Longer mates, which no slow solver can judge: the tree of the solution is walked
 
 struct TLongProblem {
-    const char* fen;
+    const char* id;
     int moves;
 };
 
 void CheckTree(const TLongProblem& problem, THeuristicsFrom from, const THeuristicSet& set) {
-    const TChessboard board = BoardOf(problem.fen);
+    const TChessboard board = BoardOf(problem.id);
     TSolveTask task;
     task.m_options.heuristics = from;
     task.m_options.memoryMiB = 512;
     task.m_options.timeLimitMs = 30'000;
     task.m_givenHeuristics = set;
     const TSolveResult result = StartSolving(task, board, problem.moves);
-    SCOPED_TRACE(Story(problem.fen, problem.moves, set) + " by " + result.passFound);
+    SCOPED_TRACE(Story(problem.id, problem.moves, set) + " by " + result.passFound);
     if (from == THeuristicsFrom::Analysis) {
         ASSERT_EQ(result.status, TSolveStatus::Mate);
     }
@@ -219,24 +266,26 @@ void CheckTree(const TLongProblem& problem, THeuristicsFrom from, const THeurist
     }
     ASSERT_NE(task.m_pRegister, nullptr);
     CSolutionTree tree(*task.m_pRegister);
-    EXPECT_TRUE(
-        tree.Confirms(slow::FromFen(problem.fen), KeyTexts(board, result.keys)[0], problem.moves));
+    EXPECT_TRUE(tree.Confirms(slow::FromFen(SharedPosition(problem.id)),
+                              KeyTexts(board, result.keys)[0], problem.moves));
 }
 
 constexpr TLongProblem LongProblems[] = {
-    {"8/8/8/2N5/1pN1K3/1P6/8/k7", 9},
-    {"7k/5Kpp/8/6B1/4p3/4P3/6PP/8", 9},
-    {"3nn3/2p2p1k/1p4p1/3BB3/1P4N1/1K3N2/8/8", 10},
-    {"8/4p3/8/p7/p6Q/K7/p7/rkr5", 11},
+    {"9-10.02", 9},
+    {"9-10.04", 9},
+    {"9-10.09", 9},
+    {"9-10.17", 10},
 };
 
 TEST(HeuristicPasses, LongMatesAreMates) {
+    SKIP_IF_MISSING(LongProblems[0].id);
     for (const TLongProblem& problem : LongProblems) {
         CheckTree(problem, THeuristicsFrom::Analysis, {});
     }
 }
 
 TEST(SlowHeuristicPasses, LongMatesAreMatesUnderRandomSets) {
+    SKIP_IF_MISSING(LongProblems[0].id);
     slow::CDice dice(slow::TestSeed());
     for (int i = 0; i < 25; ++i) {
         for (const TLongProblem& problem : LongProblems) {

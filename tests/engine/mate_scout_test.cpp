@@ -93,8 +93,8 @@ TEST(MateScout, GivesUpAfterItsBudget) {
 
 /// A long mate by force, which no search of all moves reaches.
 TEST(MateScout, SolvesALongProblemInAJob) {
-    const std::string fen = "2k5/1pPp4/1P1P1P2/5P2/P5p1/6N1/5Bp1/Q5K1";
-    const TChessboard board = BoardOf(fen);
+    SKIP_IF_MISSING("6-8.19");
+    const TChessboard board = BoardOf("6-8.19");
     TEngineOptions options;
     const TSolveResult scouted = Solve(board, 8, options);
     options.bScout = false;

@@ -10,7 +10,8 @@
 #include <set>
 #include <thread>
 
-#include "engine/jobs/thread_advice.h"
+#include "engine/jobs/root_search.h"
+#include "engine/search/engine_state.h"
 #include "engine/threads/multithreading_level.h"
 #include "solve_support.h"
 #include "support/case_name.h"
@@ -79,34 +80,16 @@ TEST(ThreadNumbers, AreUniqueOverAllLevels) {
         const std::set<std::uint32_t> distinct(numbers.begin(), numbers.end());
         EXPECT_EQ(distinct.size(), numbers.size()) << width;
     }
-    EXPECT_EQ(FirstThreadNumber(0, 4, 4, 1), 4u);
-    EXPECT_EQ(FirstThreadNumber(3, 4, 4, 1), 16u);
-    EXPECT_EQ(FirstThreadNumber(4, 4, 4, 2), 20u)
-        << "the children of the first level's first thread";
     EXPECT_GE(FirstThreadNumber(65534, 64, 64, 9), 65535u) << "too many to be numbered";
-}
-
-TEST(ThreadAdvice, FollowsMovesChecksAndCores) {
-    const auto advised = [](int threads, int moves, int forcing, int cores, bool bRook = false) {
-        return AdvisedThreads({threads, moves, forcing, cores, bRook});
-    };
-    EXPECT_EQ(advised(4, 6, 0, 8), 6) << "two threads more leave none idle";
-    EXPECT_EQ(advised(4, 8, 0, 3), 6) << "but not more than twice the cores";
-    EXPECT_EQ(advised(4, 9, 0, 8), 0);
-    EXPECT_EQ(advised(8, 9, 9, 4), 9) << "one for each forcing move";
-    EXPECT_EQ(advised(2, 40, 9, 4), 4);
-    EXPECT_EQ(advised(2, 40, 9, 4, true), 6);
-    EXPECT_EQ(advised(4, 33, 0, 8), 6) << "very many quiet moves";
-    EXPECT_EQ(advised(1, 9, 0, 8), 0);
-    EXPECT_EQ(advised(64, 200, 200, 8), 127);
 }
 
 // ---- Answers
 
 /// A mate in six with plies enough for a second level: lone queen against pawns.
-constexpr const char* LongFen = "2k5/1pPp4/1P1P1P2/5P2/P5p1/6N1/5Bp1/Q5K1";
+constexpr const char* LongFen = "6-8.19";
 
 TEST(ThreadsAndAnswers, TheNumberOfThreadsChangesNoKey) {
+    SKIP_IF_MISSING(LongFen);
     const TChessboard board = BoardOf(LongFen);
     const auto want = KeyTexts(board, Solve(board, 8, WithThreads(1, 1, true)).keys);
     ASSERT_FALSE(want.empty());
@@ -151,6 +134,7 @@ TEST_P(SlowThreadsAndAnswers, ShortProblemsHaveTheirKeys) {
 INSTANTIATE_TEST_SUITE_P(Count, SlowThreadsAndAnswers, testing::Values(1, 2, 4, 16));
 
 TEST(OneThread, TwoRunsAreTheSame) {
+    SKIP_IF_MISSING(LongFen);
     const TSolveResult first = Solve(LongFen, 8, WithThreads(1, 1, true));
     const TSolveResult second = Solve(LongFen, 8, WithThreads(1, 1, true));
     EXPECT_EQ(first.nodes, second.nodes);
@@ -171,20 +155,25 @@ struct TActedProblem {
 /// ones are at hand.
 std::vector<TActedProblem> ActedProblems() {
     std::vector<TActedProblem> problems;
-    for (const auto& [fen, moves] : {std::pair{"2k5/1pPp4/1P1P1P2/5P2/P5p1/6N1/5Bp1/Q5K1", 8},
-                                     {"2k5/1p1r4/1K1p1Q2/7p/8/8/8/8", 6},
-                                     {"8/8/8/8/8/2BBNN2/2K2k2/8", 6},
-                                     {"k1n5/B7/PP6/P7/P7/P7/P7/2K5", 8},
-                                     {"8/8/8/7p/8/7P/P7/kBK5", 8},
+    for (const auto& [fen, moves] : {std::pair{"6-8.19", 8},
+                                     {"6-8.04", 6},
+                                     {"6-8.05", 6},
+                                     {"6-8.20", 8},
+                                     {"6-8.21", 8},
                                      {"7k/8/6K1/8/8/8/8/R7", 1},
                                      {"7k/8/8/8/8/8/8/KQ6", 7}}) {
+        if (SharedPosition(fen).empty()) {
+            continue;
+        }
         const TChessboard board = BoardOf(fen);
         TEngineOptions options = WithThreads(1, 1, true);
         options.positionMemoryMiB = 16;
         problems.push_back({fen, moves, KeyTexts(board, Solve(board, moves, options).keys)});
     }
     problems.push_back({"7k/8/p1p1p1p1/PpPpPpPp/1P1P1P1P/8/8/K1B5", 60, {}});
-    problems.push_back({"8/3B2p1/p1R4p/2K1pP1p/1p2k1n1/nR2p2N/3p2P1/3Nr3", 8, {}});
+    if (const std::string fen = SharedPosition("6-8.25"); !fen.empty()) {
+        problems.push_back({fen, 8, {}});
+    }
     for (const TSharedProblem& shared : ReadSharedProblems()) {
         if (shared.moves >= 4 && problems.size() < 30) {
             problems.push_back({shared.fen, shared.moves, shared.keys});
@@ -328,7 +317,7 @@ TEST(ThreadsAndJobs, MoreThanTheLimitAreRefused) {
             std::this_thread::sleep_for(1ms);
         }
     }
-    const TSolveResult refused = Solve(LongFen, 8, TEngineOptions());
+    const TSolveResult refused = Solve(board, 8, TEngineOptions());
     for (const auto& task : tasks) {
         task->Stop();
     }
@@ -337,11 +326,28 @@ TEST(ThreadsAndJobs, MoreThanTheLimitAreRefused) {
     for (auto& result : results) {
         EXPECT_EQ(result.get().status, TSolveStatus::Stopped);
     }
-    EXPECT_EQ(Solve(LongFen, 1, TEngineOptions()).status, TSolveStatus::NoMate);
+    EXPECT_EQ(Solve(board, 1, TEngineOptions()).status, TSolveStatus::NoMate);
+}
+
+TEST(ThreadsUnderActions, AStopForOneThreadWakesNoOtherFromAPause) {
+    CSearchLine line("7k/8/8/8/8/8/8/K7", 3);
+    line.SearchThread().m_shThreadNumber = 5;
+    TEngineControl& control = line.Task().m_control;
+    control.Pause();
+    ASSERT_TRUE(control.TryStopThread(4));
+    EXPECT_FALSE(control.IsRunning());
+    EXPECT_TRUE(control.IsPaused());
+    auto left = std::async(std::launch::async, [&] { return WaitOrLeave(line.SearchThread()); });
+    EXPECT_EQ(left.wait_for(50ms), std::future_status::timeout);
+    control.EndThreadStop();
+    EXPECT_EQ(left.wait_for(50ms), std::future_status::timeout);
+    control.Resume();
+    EXPECT_FALSE(left.get()) << "it goes on";
 }
 
 /// There is no mate, but the move that the thread was searching has not been shown to fail.
 TEST(ThreadsUnderActions, OneStoppedThreadLeavesNoFalseNoMate) {
+    SKIP_IF_MISSING(LongFen);
     TSolveTask task;
     task.m_options = WithThreads(1, 1, true);
     bool bStopped = false;

@@ -7,9 +7,10 @@
 #include <random>
 
 #include "chess/board_tables.h"
-#include "chess/escape_check.h"
 #include "chess/prepare_position.h"
 #include "engine/heuristics/search_hooks.h"
+#include "engine/search/find_mate.h"
+#include "engine/search/known_positions.h"
 #include "heuristic_line.h"
 #include "support/board_line.h"
 #include "support/random_positions.h"
@@ -34,8 +35,6 @@ TEST(OppositeBishops, AreSeparableWhenTheBlackOneMeetsNobody) {
 TEST(OppositeBishops, SeparationLeavesAWholePosition) {
     CHeuristicLine line(Separable, SH_ONECOLORPLAYPOSSIBLE, BlackLinePlies);
     const std::uint32_t key = line.Root().m_heuristicKey;
-    SeparateOppositeBishops(line.Root());
-    EXPECT_EQ(line.Root().m_blackBishops, 1);  // Never the root itself.
     line.Play({"Ka8-a7"});
     SeparateOppositeBishops(line.Board());
     const TChessboard& board = line.Board();
@@ -89,6 +88,18 @@ TEST(OneColourMate, MustKeepToTheColour) {
     EXPECT_FALSE(IsKnownOneColourMate(noMate.Root()));
 }
 
+TEST(OneColourStores, KnowOnlyThePlainGame) {
+    CHeuristicLine line(Separable, SH_ONECOLORPLAYPOSSIBLE);
+    const auto isKnowable = [&](std::uint8_t state) {
+        line.Root().m_captureState = state;
+        return WhatMayBeKnown(line.Root()).bMemory;
+    };
+    EXPECT_TRUE(isKnowable(0));
+    EXPECT_TRUE(isKnowable(SeparatedBlackBishop)) << "all men are on the board, all moves allowed";
+    EXPECT_FALSE(isKnowable(WhiteFieldsOnly));
+    EXPECT_FALSE(isKnowable(SeparatedBlackBishop | BishopTakenOff));
+}
+
 // ---- A mate of the game on one colour is a mate
 
 /// Bishops on opposite colours, blocked pawns and perhaps knights around a black king on the edge; White's
@@ -140,34 +151,6 @@ class CSeparablePositions {
     std::mt19937 m_random{slow::TestSeed()};
 };
 
-bool MatesOnOneColour(TChessboard& board, int moves);
-
-/// Black to move; it may pass unless in check.
-bool IsLostOnOneColour(TChessboard& board, int moves) {
-    const bool bInCheck = board.m_blackChecker != NoChecker;
-    if (moves == 0 || (bInCheck && !CanBlackEscapeCheck(board))) {
-        return bInCheck && !CanBlackEscapeCheck(board);
-    }
-    TMove list[MaxMovesOfSide];
-    int count = GenerateAllBlackMoves(board, list);
-    if (!bInCheck) {
-        list[count++] = MakePass(static_cast<TField>(BlackKingField(board)));
-    }
-    return std::none_of(list, list + count, [&](TMove move) {
-        TChessboard* next = CopyToNextSlot(board);
-        return MakeBlackMove(*next, move, false) != MoveRefused && !MatesOnOneColour(*next, moves);
-    });
-}
-
-bool MatesOnOneColour(TChessboard& board, int moves) {
-    TMove list[MaxMovesOfSide];
-    const int count = GenerateAllWhiteMoves(board, list);
-    return std::any_of(list, list + count, [&](TMove move) {
-        TChessboard* next = CopyToNextSlot(board);
-        return MakeWhiteMove(*next, move) == MoveMade && IsLostOnOneColour(*next, moves - 1);
-    });
-}
-
 TEST(OneColourGame, ItsMatesAreMatesWithTheBishopOnTheBoard) {
     CSeparablePositions positions;
     int mates = 0;
@@ -175,49 +158,35 @@ TEST(OneColourGame, ItsMatesAreMatesWithTheBishopOnTheBoard) {
         const std::string fen = WriteFen(positions.Next(), true);
         CHeuristicLine line(fen, SH_ONECOLORPLAYPOSSIBLE);
         line.SearchThread().m_pHooks = &HeuristicMakeHooks;
-        ASSERT_TRUE(SeparateOppositeBishopsAtRoot(line.Root())) << fen;
-        if (MatesOnOneColour(line.Root(), 2)) {
+        SeparateOppositeBishops(line.Root());
+        ASSERT_TRUE(IsBishopTakenOff(line.Root())) << fen;
+        const int moves = 1 + i % 3;
+        line.Root().m_shPlies = line.Root().m_shRootPlies =
+            static_cast<std::uint16_t>(2 * moves - 1);
+        if (FindMateWhiteToMove(line.Root(), true) == ResultMate) {
             ++mates;
-            EXPECT_TRUE(slow::MateIn(slow::FromFen(fen), 2)) << fen;
+            EXPECT_TRUE(slow::MateIn(slow::FromFen(fen), moves)) << fen << " #" << moves;
         }
     }
-    EXPECT_GT(mates, 3);
+    EXPECT_GT(mates, 20);
+}
+
+/// The bishop is buried, so that what looks like a waiting move is none: Black is stalemated. And a pass of
+/// a king on a1 is not the empty move.
+TEST(OneColourGame, ClaimsNoMateOfABlackThatCannotPass) {
+    for (const char* fen : {"b5k1/1p1K3p/1P5P/8/8/8/8/2B5", "b5k1/1p2K2p/1P5P/8/8/8/8/2B5",
+                            "4b3/8/8/8/8/Bp6/pP6/k1K5"}) {
+        TEngineOptions options;
+        options.heuristics = THeuristicsFrom::User;
+        options.bScout = false;
+        TSolveTask task;
+        task.m_options = options;
+        task.m_givenHeuristics.mask = SH_ONECOLORPLAYPOSSIBLE;
+        EXPECT_EQ(StartSolving(task, BoardOf(fen), 8).status, TSolveStatus::NoMate) << fen;
+    }
 }
 
 // ---- Hooks
-
-/// Whether the make operation takes the move on a thread with the hooks.
-bool IsTaken(CHeuristicLine& line, const char* text) {
-    line.SearchThread().m_pHooks = &HeuristicMakeHooks;
-    TMove move;
-    const bool bWhite = IsWhiteToMove(line.Board());
-    ParseFullMove(move, text, bWhite);
-    TChessboard* next = CopyToNextSlot(line.Board());
-    return (bWhite ? MakeWhiteMove(*next, move) : MakeBlackMove(*next, move, false)) != MoveRefused;
-}
-
-TEST(MakeHooks, RefuseFieldsOfTheOtherColour) {
-    CHeuristicLine line("k7/8/1p6/1P6/2K5/8/8/5B2", SH_ONECOLORPLAYPOSSIBLE);
-    EXPECT_TRUE(IsTaken(line, "Kc4-d4"));
-    line.Root().m_captureState |= WhiteFieldsOnly;
-    EXPECT_FALSE(IsTaken(line, "Kc4-d4"));
-    EXPECT_TRUE(IsTaken(line, "Kc4-d5"));
-    TMove move;
-    ParseFullMove(move, "Kc4-d4", true);
-    EXPECT_TRUE(IsRefusedByHeuristic(line.Root(), move));
-    ParseFullMove(move, "Kc4-d5", true);
-    EXPECT_FALSE(IsRefusedByHeuristic(line.Root(), move));
-}
-
-TEST(MakeHooks, HoldPawnsAtOnePlyOnly) {
-    CHeuristicLine line("k7/pp6/8/8/8/8/8/K7", SH_USEBLOCKBLACKPAWNSLEVEL, BlackLinePlies);
-    EXPECT_TRUE(IsTaken(line, "b7-b6"));  // No ply is set.
-    line.Parameters().BlockedPawnsPlies = BlackLinePlies;
-    EXPECT_FALSE(IsTaken(line, "b7-b6"));
-    EXPECT_TRUE(IsTaken(line, "Ka8-b8"));
-    line.Parameters().BlockedPawnsPlies = BlackLinePlies - 2;
-    EXPECT_TRUE(IsTaken(line, "b7-b6"));
-}
 
 TEST(MakeHooks, ForgetTheKeyFieldWhenItsManFalls) {
     for (const char* keyField : {"b6", "h7"}) {

@@ -5,7 +5,10 @@
 
 #include <algorithm>
 
-#include "solve_support.h"
+#include "engine/search/find_mate.h"
+#include "engine/search/known_positions.h"
+#include "heuristic_line.h"
+#include "registers/register_limits.h"
 #include "support/random_positions.h"
 #include "support/slow_solver.h"
 
@@ -97,10 +100,25 @@ TEST_P(SlowRegisterInSearch, GivesTheKeysOfTheSlowSolver) {
 
 INSTANTIATE_TEST_SUITE_P(Part, SlowRegisterInSearch, testing::Range(0, 10));
 
+/// "Doubtful" belongs to the pass of its heuristics: a pass that proves has to search.
+TEST(RegisterInSearch, DoubtfulAnswersCountInThePassWithHeuristicsOnly) {
+    for (const int pass : {0, 1, 2}) {
+        CHeuristicLine line("7k/8/5K2/8/8/8/8/R7", SH_AREKINGSNEAR, 5);
+        TAggregatedTemporaryChessboardRegister known{TRegisterSettings{}};
+        known.SetBucketCount(1024, false);
+        known.UpdateLimits(ComputeRegisterLimits(std::uint64_t{1} << 30, 16));
+        line.SearchThread().m_pRegister = &known;
+        TChessboard& root = line.Root();
+        StoreKnownDoubtful(root, WhatMayBeKnown(root));
+        root.m_pass = static_cast<std::uint8_t>(pass);
+        EXPECT_EQ(FindMateWhiteToMove(root, true), pass == 1 ? ResultDoubtful : ResultMate) << pass;
+    }
+}
+
 /// A register that is full nearly at once throws away all the time; answers stay.
 TEST(FullRegister, ChangesNoAnswer) {
-    const std::string fen = "8/K7/8/8/R7/2kN4/4P3/3B4";
-    const TChessboard board = BoardOf(fen);
+    SKIP_IF_MISSING("6-8.13");
+    const TChessboard board = BoardOf("6-8.13");
     TEngineOptions roomy;
     roomy.bAllSolutions = true;
     roomy.positionMemoryMiB = 1;
@@ -114,7 +132,8 @@ TEST(FullRegister, ChangesNoAnswer) {
 }
 
 TEST(GivenRegister, AnswersARunAgain) {
-    const TChessboard board = BoardOf("2k5/1pPp4/1P1P1P2/5P2/P5p1/6N1/5Bp1/Q5K1");
+    SKIP_IF_MISSING("6-8.19");
+    const TChessboard board = BoardOf("6-8.19");
     TSolveTask first;
     first.m_options.bAllSolutions = true;
     first.m_options.bScout = false;

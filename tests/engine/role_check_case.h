@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "engine/heuristics/heuristic_checks.h"
 #include "heuristic_line.h"
@@ -18,7 +17,7 @@ struct TRoleCase {
     const char* name;
     const char* fen;
     std::uint32_t bits;
-    std::vector<std::string> line;  ///< In full notation, White begins.
+    const char* line;  ///< In full notation, White begins.
     bool bBroken;
     void (*setUp)(TSpecialHeuristics&) = nullptr;
     int plies = 21;  ///< At the root.
@@ -35,9 +34,9 @@ class CRoleLine : public CHeuristicLine {
     }
 
     /// Plays on; whether the last of the moves breaks a heuristic.
-    bool PlayAndCheck(const std::vector<std::string>& line) {
+    bool PlayAndCheck(const char* line) {
         bool bBroken = false;
-        for (const std::string& move : line) {
+        for (const std::string& move : WordsOf(line)) {
             Play({move});
             bBroken = IsWhiteToMove(Board()) ? BreaksHeuristicsAfterBlack(Board())
                                              : BreaksHeuristicsAfterWhite(Board());

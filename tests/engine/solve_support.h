@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -17,15 +19,24 @@
 #include "chess/start_position.h"
 #include "engine/jobs/start_solving.h"
 #include "engine/search/thread_context.h"
+#include "support/shared_problems.h"
 
 namespace tarnwick {
 
-inline TChessboard BoardOf(const std::string& fen) {
+/// The moves of a line: "Rg1-a1 Kh8-g7".
+inline std::vector<std::string> WordsOf(const std::string& line) {
+    std::istringstream words(line);
+    return {std::istream_iterator<std::string>(words), {}};
+}
+
+/// Of a FEN, or of a shared problem by its id.
+inline TChessboard BoardOf(const std::string& fenOrId) {
+    const std::string fen = SharedPosition(fenOrId);
     TChessboard board = EmptyChessboard();
     bool bCastlingWithheld = false;
     bool bEnPassantGiven = false;
     if (!ReadFen(board, fen, bCastlingWithheld, bEnPassantGiven)) {
-        throw std::invalid_argument("no FEN: " + fen);
+        throw std::invalid_argument("neither a FEN nor at hand: " + fenOrId);
     }
     return board;
 }
@@ -85,19 +96,22 @@ class CSearchLine {
         m_pBoard = &m_root;
         return *this;
     }
+    /// False if the make operation refuses the move, as it does with captures that leave no mate.
+    bool TryPlay(const std::string& text) {
+        const bool bWhite = IsWhiteToMove(*m_pBoard);
+        TMove move;
+        ParseFullMove(move, text, bWhite);
+        TChessboard* next = CopyToNextSlot(*m_pBoard);
+        const int made = bWhite ? MakeWhiteMove(*next, move) : MakeBlackMove(*next, move, false);
+        m_pBoard = made == MoveRefused ? m_pBoard : next;
+        return made != MoveRefused;
+    }
     /// Plays moves in full notation, White and Black by turns.
     CSearchLine& Play(const std::vector<std::string>& texts) {
         for (const std::string& text : texts) {
-            const bool bWhite = IsWhiteToMove(*m_pBoard);
-            TMove move;
-            ParseFullMove(move, text, bWhite);
-            TChessboard* next = CopyToNextSlot(*m_pBoard);
-            const int made =
-                bWhite ? MakeWhiteMove(*next, move) : MakeBlackMove(*next, move, false);
-            if (made == MoveRefused) {
+            if (!TryPlay(text)) {
                 throw std::invalid_argument("refused: " + text);
             }
-            m_pBoard = next;
         }
         return *this;
     }

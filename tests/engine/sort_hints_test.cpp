@@ -81,10 +81,10 @@ TEST(SortHints, MainVariantLeadsTheOrderWhenTheProblemAsksForIt) {
     const TVariant variant = TVariant::FromText(L"{Main variant} Rh1-h7 Kc3-d3 Ra1-a8", false);
     problem.m_variants.emplace(variant.ToText(), variant);
     TRoot root("");
-    root.task.m_sortHints = HintsOfProblem(problem);
+    root.task.m_sortHints = HintsOfProblem(problem, false);
     EXPECT_TRUE(root.task.m_sortHints.IsEmpty());
     problem.m_shOptions.Set(TProblemOption::UseMainVariant);
-    root.task.m_sortHints = HintsOfProblem(problem);
+    root.task.m_sortHints = HintsOfProblem(problem, false);
     EXPECT_EQ(root.Texts().front(), "Rh1-h7");
 }
 

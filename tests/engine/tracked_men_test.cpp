@@ -37,7 +37,8 @@ TEST(BlockedMen, AreThoseThatOnlyStepAside) {
     // A pin holds a knight, but no rook on the pinning line.
     EXPECT_EQ(BlockedBlackMen(BoardOf("k7/1n6/8/8/8/8/6B1/6K1"), false), FieldsNamed({"b7"}));
     EXPECT_EQ(BlockedBlackMen(BoardOf("k7/r7/8/8/8/8/8/R5K1"), false), 0U);
-    EXPECT_EQ(BlockedBlackMen(BoardOf("k7/1p6/1P6/8/8/8/8/6K1"), true), FieldsNamed({"b7"}));
+    EXPECT_EQ(BlockedBlackMen(BoardOf("k7/1p6/1P6/8/8/8/8/6K1"), false),
+              0U);  // Pawns are not followed.
 }
 
 TEST(CollectedMen, NearestToTheKingComeFirstAndAUsersChoiceStays) {
@@ -64,7 +65,7 @@ struct TBreakCase {
     const char* name;
     const char* fen;
     std::uint32_t mask;
-    std::vector<std::string> line;  ///< The last move is the one judged.
+    const char* line;  ///< The last move is the one judged.
     bool bBroken;
     /// Parameters: the followed man's home; LoseFiguresPawnMode; bSaveIncludesRook.
     const char* home = "";
@@ -86,13 +87,13 @@ TEST_P(BrokenByBlack, OrNot) {
     }
     StartFollowing(line.Root(), line.Parameters());
     line.Set(c.mask);
-    for (std::size_t i = 0; i + 1 < c.line.size(); ++i) {
-        line.Play({c.line[i]});
-        if (IsWhiteToMove(line.Board())) {
-            EXPECT_FALSE(BreaksFollowedMen(line.Board())) << c.line[i];
-        }
+    bool bBroken = false;
+    for (const std::string& move : WordsOf(c.line)) {
+        EXPECT_FALSE(bBroken) << "before " << move;
+        line.Play({move});
+        bBroken = IsWhiteToMove(line.Board()) && BreaksFollowedMen(line.Board());
     }
-    EXPECT_EQ(BreaksFollowedMen(line.Play({c.line.back()}).Board()), c.bBroken);
+    EXPECT_EQ(bBroken, c.bBroken);
 }
 
 constexpr const char* RookToFollow = "7r/8/8/8/6B1/8/k7/2K5";
@@ -101,136 +102,61 @@ constexpr const char* PawnToLose = "7k/7p/2P5/1b6/8/8/8/6K1";
 constexpr const char* QueenToLose = "7k/7p/8/8/8/8/1b6/Q5K1";
 constexpr const char* PromotingPawn = "2k5/7R/8/8/8/8/p7/4K3";
 
-INSTANTIATE_TEST_SUITE_P(
-    ShutInMen, BrokenByBlack,
-    testing::Values(
-        TBreakCase{"OneFieldAway",
-                   RookToFollow,
-                   SH_DONTLETFIGUREUNBLOCK,
-                   {"Kc1-d1", "Rh8-h7"},
-                   false,
-                   "h8"},
-        TBreakCase{"FarAway",
-                   RookToFollow,
-                   SH_DONTLETFIGUREUNBLOCK,
-                   {"Kc1-d1", "Rh8-h7", "Kd1-e1", "Rh7-b7"},
-                   true,
-                   "h8"},
-        TBreakCase{"FarAwayButEnPrise",
-                   RookToFollow,
-                   SH_DONTLETFIGUREUNBLOCK,
-                   {"Kc1-d1", "Rh8-h5"},
-                   false,
-                   "h8"},
-        TBreakCase{
-            "AnotherMan", RookToFollow, SH_DONTLETFIGUREUNBLOCK, {"Kc1-d1", "Rh8-b8"}, false, "a2"},
-        TBreakCase{
-            "NotInForce", RookToFollow, SH_KEEPKINGONTHEEDGE, {"Kc1-d1", "Rh8-b8"}, false, "h8"}),
-    CaseName);
+// Short names, so that a case fits a line.
+constexpr std::uint32_t OnEdge = SH_KEEPKINGONTHEEDGE;
+constexpr std::uint32_t ShutIn = SH_DONTLETFIGUREUNBLOCK;
+constexpr std::uint32_t Keep = SH_DONTLOSEANYFIGURES;
+constexpr std::uint32_t StillQueen = SH_DONTLETPROMOTEDQUEENMOVE;
+constexpr std::uint32_t StillFigure = SH_DONTLETPROMOTEDFIGUREMOVE;
 
-INSTANTIATE_TEST_SUITE_P(
-    LostFigures, BrokenByBlack,
-    testing::Values(
-        TBreakCase{"ForNothing", KnightToLose, SH_DONTLOSEANYFIGURES, {"Kg1-g2", "Bb4:c3"}, true},
-        TBreakCase{"CanBeTakenBack",
-                   "7k/7p/8/8/1b6/2N5/1P6/6K1",
-                   SH_DONTLOSEANYFIGURES,
-                   {"Kg1-g2", "Bb4:c3"},
-                   false},
-        TBreakCase{"ToAPawnInReturnForLess",
-                   "7k/7p/8/8/1p6/2N5/1P6/6K1",
-                   SH_DONTLOSEANYFIGURES,
-                   {"Kg1-g2", "b4:c3"},
-                   true},
-        TBreakCase{"InAnExchange",
-                   "7k/7p/p7/1b6/8/2N5/8/6K1",
-                   SH_DONTLOSEANYFIGURES,
-                   {"Nc3:b5", "a6:b5"},
-                   false},
-        TBreakCase{"ButMatesAtOnce",
-                   "6k1/5ppp/8/8/1b6/2N5/8/R5K1",
-                   SH_DONTLOSEANYFIGURES,
-                   {"Kg1-g2", "Bb4:c3"},
-                   false},
-        TBreakCase{"APawnOnly", PawnToLose, SH_DONTLOSEANYFIGURES, {"Kg1-h2", "Bb5:c6"}, false},
-        TBreakCase{
-            "APawnToo", PawnToLose, SH_DONTLOSEANYFIGURES, {"Kg1-h2", "Bb5:c6"}, true, "", 1},
-        TBreakCase{"APawnNearPromotion",
-                   PawnToLose,
-                   SH_DONTLOSEANYFIGURES,
-                   {"Kg1-h2", "Bb5:c6"},
-                   true,
-                   "",
-                   2},
-        TBreakCase{"APawnFarFromPromotion",
-                   "7k/7p/8/1b6/2P5/8/8/6K1",
-                   SH_DONTLOSEANYFIGURES,
-                   {"Kg1-h2", "Bb5:c4"},
-                   false,
-                   "",
-                   2}),
-    CaseName);
+const TBreakCase ShutInMenCases[] = {
+    {"OneFieldAway", RookToFollow, ShutIn, "Kc1-d1 Rh8-h7", false, "h8"},
+    {"FarAway", RookToFollow, ShutIn, "Kc1-d1 Rh8-h7 Kd1-e1 Rh7-b7", true, "h8"},
+    {"FarAwayButEnPrise", RookToFollow, ShutIn, "Kc1-d1 Rh8-h5", false, "h8"},
+    {"AnotherMan", RookToFollow, ShutIn, "Kc1-d1 Rh8-b8", false, "a2"},
+    {"NotInForce", RookToFollow, OnEdge, "Kc1-d1 Rh8-b8", false, "h8"},
+};
 
-INSTANTIATE_TEST_SUITE_P(
-    SavedHeavyMen, BrokenByBlack,
-    testing::Values(
-        TBreakCase{"TheLastOneIsGone", QueenToLose, SH_SAVEQUEENROOK, {"Kg1-g2", "Bb2:a1"}, true},
-        TBreakCase{"APromotionIsComing",
-                   "7k/2P4p/8/8/8/8/1b6/Q5K1",
-                   SH_SAVEQUEENROOK,
-                   {"Kg1-g2", "Bb2:a1"},
-                   false},
-        TBreakCase{"AFarPawnIsNoHelp",
-                   "7k/7p/8/8/8/2P5/1b6/Q5K1",
-                   SH_SAVEQUEENROOK,
-                   {"Kg1-g2", "Bb2:a1"},
-                   true},
-        TBreakCase{"ARookIsLeft",
-                   "7k/7p/8/8/8/8/1b6/Q4RK1",
-                   SH_SAVEQUEENROOK,
-                   {"Kg1-g2", "Bb2:a1"},
-                   false},
-        TBreakCase{"BothAreToBeKept",
-                   "7k/7p/8/8/8/8/1b6/Q4RK1",
-                   SH_SAVEQUEENROOK,
-                   {"Kg1-g2", "Bb2:a1"},
-                   true,
-                   "",
-                   0,
-                   true},
-        TBreakCase{
-            "AKnightDoesNotCount", KnightToLose, SH_SAVEQUEENROOK, {"Kg1-g2", "Bb4:c3"}, false}),
-    CaseName);
+INSTANTIATE_TEST_SUITE_P(ShutInMen, BrokenByBlack, testing::ValuesIn(ShutInMenCases), CaseName);
 
-INSTANTIATE_TEST_SUITE_P(PromotedMen, BrokenByBlack,
-                         testing::Values(TBreakCase{"QueenGetsToPlay",
-                                                    PromotingPawn,
-                                                    SH_DONTLETPROMOTEDQUEENMOVE,
-                                                    {"Ke1-f2", "a2-a1Q", "Kf2-g2", "Qa1-a6"},
-                                                    true},
-                                         TBreakCase{"QueenIsEnPrise",
-                                                    PromotingPawn,
-                                                    SH_DONTLETPROMOTEDQUEENMOVE,
-                                                    {"Ke1-f2", "a2-a1Q", "Kf2-g2", "Qa1-a7"},
-                                                    false},
-                                         TBreakCase{"QueenStays",
-                                                    PromotingPawn,
-                                                    SH_DONTLETPROMOTEDQUEENMOVE,
-                                                    {"Ke1-f2", "a2-a1Q", "Kf2-g2", "Kc8-b8"},
-                                                    false},
-                                         TBreakCase{"KnightIsNoQueen",
-                                                    PromotingPawn,
-                                                    SH_DONTLETPROMOTEDQUEENMOVE,
-                                                    {"Ke1-f2", "a2-a1N", "Kf2-g2", "Na1-c2"},
-                                                    false},
-                                         TBreakCase{"AnyFigureCounts",
-                                                    PromotingPawn,
-                                                    SH_DONTLETPROMOTEDFIGUREMOVE,
-                                                    {"Ke1-f2", "a2-a1N", "Kf2-g2", "Na1-c2"},
-                                                    true}),
+const TBreakCase LostFiguresCases[] = {
+    {"ForNothing", KnightToLose, Keep, "Kg1-g2 Bb4:c3", true},
+    {"CanBeTakenBack", "7k/7p/8/8/1b6/2N5/1P6/6K1", Keep, "Kg1-g2 Bb4:c3", false},
+    {"ToAPawnInReturnForLess", "7k/7p/8/8/1p6/2N5/1P6/6K1", Keep, "Kg1-g2 b4:c3", true},
+    {"InAnExchange", "7k/7p/p7/1b6/8/2N5/8/6K1", Keep, "Nc3:b5 a6:b5", false},
+    {"ButMatesAtOnce", "6k1/5ppp/8/8/1b6/2N5/8/R5K1", Keep, "Kg1-g2 Bb4:c3", false},
+    {"APawnOnly", PawnToLose, Keep, "Kg1-h2 Bb5:c6", false},
+    {"APawnToo", PawnToLose, Keep, "Kg1-h2 Bb5:c6", true, "", 1},
+    {"APawnNearPromotion", PawnToLose, Keep, "Kg1-h2 Bb5:c6", true, "", 2},
+    {"APawnFarFromPromotion", "7k/7p/8/1b6/2P5/8/8/6K1", Keep, "Kg1-h2 Bb5:c4", false, "", 2},
+};
+
+INSTANTIATE_TEST_SUITE_P(LostFigures, BrokenByBlack, testing::ValuesIn(LostFiguresCases), CaseName);
+
+const TBreakCase SavedHeavyMenCases[] = {
+    {"TheLastOneIsGone", QueenToLose, SH_SAVEQUEENROOK, "Kg1-g2 Bb2:a1", true},
+    {"APromotionIsComing", "7k/2P4p/8/8/8/8/1b6/Q5K1", SH_SAVEQUEENROOK, "Kg1-g2 Bb2:a1", false},
+    {"AFarPawnIsNoHelp", "7k/7p/8/8/8/2P5/1b6/Q5K1", SH_SAVEQUEENROOK, "Kg1-g2 Bb2:a1", true},
+    {"ARookIsLeft", "7k/7p/8/8/8/8/1b6/Q4RK1", SH_SAVEQUEENROOK, "Kg1-g2 Bb2:a1", false},
+    {"BothAreToBeKept", "7k/7p/8/8/8/8/1b6/Q4RK1", SH_SAVEQUEENROOK, "Kg1-g2 Bb2:a1", true, "", 0,
+     true},
+    {"AKnightDoesNotCount", KnightToLose, SH_SAVEQUEENROOK, "Kg1-g2 Bb4:c3", false},
+};
+
+INSTANTIATE_TEST_SUITE_P(SavedHeavyMen, BrokenByBlack, testing::ValuesIn(SavedHeavyMenCases),
                          CaseName);
 
-TEST(LostFigures, StandUntilWhiteTakesBack) {
+const TBreakCase PromotedMenCases[] = {
+    {"QueenGetsToPlay", PromotingPawn, StillQueen, "Ke1-f2 a2-a1Q Kf2-g2 Qa1-a6", true},
+    {"QueenIsEnPrise", PromotingPawn, StillQueen, "Ke1-f2 a2-a1Q Kf2-g2 Qa1-a7", false},
+    {"QueenStays", PromotingPawn, StillQueen, "Ke1-f2 a2-a1Q Kf2-g2 Kc8-b8", false},
+    {"KnightIsNoQueen", PromotingPawn, StillQueen, "Ke1-f2 a2-a1N Kf2-g2 Na1-c2", false},
+    {"AnyFigureCounts", PromotingPawn, StillFigure, "Ke1-f2 a2-a1N Kf2-g2 Na1-c2", true},
+};
+
+INSTANTIATE_TEST_SUITE_P(PromotedMen, BrokenByBlack, testing::ValuesIn(PromotedMenCases), CaseName);
+
+TEST(TakenFigures, StandUntilWhiteTakesBack) {
     CHeuristicLine line("7k/7p/8/8/1b6/2N5/1P6/6K1", SH_DONTLOSEANYFIGURES);
     line.Play({"Kg1-g2", "Bb4:c3"});
     EXPECT_FALSE(BreaksFollowedMen(line.Board()));
@@ -265,25 +191,6 @@ TEST(NotedBlackMoves, AreTheSameTwice) {
     EXPECT_EQ(line.Board().m_lastMove.PromotionType(), 0);
 }
 
-/// Plays a random legal move; false if there is none.
-bool PlayRandomMove(CHeuristicLine& line, std::uint64_t dice) {
-    TMove moves[MaxMovesOfSide];
-    TChessboard& board = line.Board();
-    const bool bWhite = IsWhiteToMove(board);
-    const int count =
-        bWhite ? GenerateAllWhiteMoves(board, moves) : GenerateAllBlackMoves(board, moves);
-    for (int i = 0; i < count; ++i) {
-        const TMove move =
-            moves[(dice + static_cast<std::uint64_t>(i)) % static_cast<std::uint64_t>(count)];
-        TChessboard* next = CopyToNextSlot(board);
-        if ((bWhite ? MakeWhiteMove(*next, move) : MakeBlackMove(*next, move, false)) != 0) {
-            line.Play({MoveToDisplayText(move, board)});
-            return true;
-        }
-    }
-    return false;
-}
-
 TEST(AllFollowingHeuristics, JudgeAnyLineAndNeverDoubtAnImmediateMate) {
     constexpr std::uint32_t All =
         SH_SWEEPINGWHITEROOK | SH_ASSERTBLACKKINGSURROUNDED | SH_DONTLETFIGUREUNBLOCK |
@@ -294,10 +201,14 @@ TEST(AllFollowingHeuristics, JudgeAnyLineAndNeverDoubtAnImmediateMate) {
     int screened = 0;
     int fine = 0;
     for (std::uint64_t i = 0; i < 300; ++i) {
-        CHeuristicLine line(positions.Next(), 0);
+        const std::string fen = positions.Next();
+        CHeuristicLine line(fen, 0);
         CollectTrackedMen(line.Root(), line.Parameters());
         line.Set(All);
-        for (std::uint64_t ply = 0; ply < 30 && PlayRandomMove(line, i * 31 + ply * ply); ++ply) {
+        for (const slow::TGameStep& step : slow::RandomGame(slow::TestSeed() + i, fen, 30)) {
+            if (!line.TryPlay(step.text)) {
+                break;
+            }
             TChessboard& board = line.Board();
             const std::vector<TFigureCode> men(board.m_fields, board.m_fields + FieldCount);
             const bool bBlackMoved = IsWhiteToMove(board);
@@ -352,6 +263,19 @@ TEST(KeyWhiteFigure, ItsMovesAndUnsafeCapturesAreLeftOut) {
     EXPECT_FALSE(IsLeftOut("1k6/8/8/3B4/8/8/8/6K1", "d5", "Bd5-e6"));  // Pins nothing.
 }
 
+// ---- Exchanges
+
+TEST(Exchanges, StopWhenTheyNoLongerPay) {
+    const int e5 = FieldOf("e5");
+    EXPECT_EQ(GainByWhiteCapture(BoardOf("7k/8/8/4r3/8/8/8/4R2K"), e5), 5);
+    EXPECT_EQ(GainByWhiteCapture(BoardOf("7k/8/3p4/4r3/8/8/8/4R2K"), e5), 0);
+    EXPECT_EQ(GainByWhiteCapture(BoardOf("7k/8/3p4/4n3/8/8/4R3/4R2K"), e5), 0);
+    EXPECT_EQ(GainByWhiteCapture(BoardOf("7k/8/3p4/4n3/8/3N4/4R3/4R2K"), e5), 1);
+    EXPECT_EQ(GainByWhiteCapture(BoardOf("8/8/4k3/4r3/8/8/8/4Q2K"), e5), 0);   // The king guards,
+    EXPECT_EQ(GainByWhiteCapture(BoardOf("8/8/4k3/4r3/8/8/7B/4Q2K"), e5), 5);  // and must not.
+    EXPECT_EQ(GainByBlackCapture(BoardOf("7k/8/3p4/4Q3/8/8/8/4R2K"), e5), 8);
+}
+
 // ---- The king's triangle
 
 TEST(ZugzwangTriangle, LastsWhileTheKingCanWalkIt) {
@@ -367,19 +291,6 @@ TEST(ZugzwangTriangle, LastsWhileTheKingCanWalkIt) {
     EXPECT_FALSE(isKept("7k/7p/7P/8/8/8/4K3/8", "Kh8-g8", "d2", "c1"));    // Too far for it.
     EXPECT_FALSE(isKept("3b3k/7p/7P/8/8/8/4K3/8", "Bd8-g5", "d2", "d1"));  // Attacked.
     EXPECT_FALSE(isKept("7k/7p/7P/8/8/8/3PK3/8", "Kh8-g8", "d2", "d1"));   // Own man there.
-}
-
-// ---- Exchanges
-
-TEST(Exchanges, StopWhenTheyNoLongerPay) {
-    const int e5 = FieldOf("e5");
-    EXPECT_EQ(GainByWhiteCapture(BoardOf("7k/8/8/4r3/8/8/8/4R2K"), e5), 5);
-    EXPECT_EQ(GainByWhiteCapture(BoardOf("7k/8/3p4/4r3/8/8/8/4R2K"), e5), 0);
-    EXPECT_EQ(GainByWhiteCapture(BoardOf("7k/8/3p4/4n3/8/8/4R3/4R2K"), e5), 0);
-    EXPECT_EQ(GainByWhiteCapture(BoardOf("7k/8/3p4/4n3/8/3N4/4R3/4R2K"), e5), 1);
-    EXPECT_EQ(GainByWhiteCapture(BoardOf("8/8/4k3/4r3/8/8/8/4Q2K"), e5), 0);   // The king guards,
-    EXPECT_EQ(GainByWhiteCapture(BoardOf("8/8/4k3/4r3/8/8/7B/4Q2K"), e5), 5);  // and must not.
-    EXPECT_EQ(GainByBlackCapture(BoardOf("7k/8/3p4/4Q3/8/8/8/4R2K"), e5), 8);
 }
 
 }  // namespace

@@ -288,31 +288,6 @@ TEST_F(AggregatedRegister, SearchNodeEmptiesOnlyWhatIsThreeQuartersFull) {
     EXPECT_LT(m_pRegister->ElementCount(), 7'500u);
 }
 
-TEST_F(AggregatedRegister, EmptyingIsLogged) {
-    const CTempFolder folder;
-    TRegisterSettings settings;
-    settings.m_bRegisterInfoLog = true;
-    settings.m_logFolder = folder.Path();
-    Make(std::move(settings));
-    m_pRegister->HoldDoubtful(Heur, 7);
-    const auto item = NextItem();
-    m_pRegister->InsertDoubtful(5, item, HashOf(item), Heur, 7);
-    m_pRegister->RemoveDoubtful(Heur, 7);
-    m_pRegister->RemoveNMovers(3);
-    constexpr const char* Counts = "\n\t\t\tElementsIn= 0, DoubtfulElementsIn=1\n";
-    std::string expected;
-    for (const char* line :
-         {"RemoveDoubtful start., msg params: -2147483647, 7",
-          "RemoveDoubtful complete., msg params: -2147483647, 7",
-          "TAggregatedTemporaryChessboardRegister::RemoveNMovers start., msg params: 3, 0",
-          "TTemporaryChessboardRegister::RemoveNMovers start., msg params: 3, 0",
-          "TTemporaryChessboardRegister::RemoveNMovers complete., msg params: 3, 0",
-          "TAggregatedTemporaryChessboardRegister::RemoveNMovers complete., msg params: 3, 0"}) {
-        expected += std::string(line) + Counts;
-    }
-    EXPECT_EQ(ReadBytes(folder / "registerInfo.log"), expected);
-}
-
 TEST_F(AggregatedRegister, ClearEmptiesTheLayersOfItsMode) {
     const auto fill = [&] {
         m_pRegister->SetBucketCount(16384, true);

@@ -43,4 +43,22 @@ std::vector<TSharedProblem> ReadSharedProblems() {
     return problems;
 }
 
+std::string SharedPosition(const std::string& fenOrId) {
+    if (fenOrId.find('/') != std::string::npos) {
+        return fenOrId;
+    }
+    for (const TSharedProblem& problem : ReadSharedProblems()) {
+        if (problem.name == fenOrId) {
+            return problem.fen;
+        }
+    }
+    std::ifstream file(SharedDataFolder() + "/moremovers.epd");
+    for (std::string line; std::getline(file, line);) {
+        if (line.find("id \"" + fenOrId + '"') != std::string::npos) {
+            return line.substr(0, line.find(' '));
+        }
+    }
+    return "";
+}
+
 }  // namespace tarnwick

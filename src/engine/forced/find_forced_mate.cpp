@@ -246,8 +246,7 @@ bool MayUseThreads(const TForcedNode& node, int count) {
     return count > 1 && movesPlayed > 0 &&
            movesPlayed < node.thread.m_task.m_multithreadingLevels &&
            node.board.m_shPlies >= LeastPliesForThreads && node.moves > LeastWithoutLimit &&
-           node.thread.m_quickerMateNesting == 0 && !node.thread.m_bQuickerMateOff &&
-           node.thread.m_shAlternateFrom == NoAlternate;
+           node.thread.m_quickerMateNesting == 0 && node.thread.m_shAlternateFrom == NoAlternate;
 }
 
 /// Slower threats, once the line has run out of forcing moves. A level that knows them has none to add.

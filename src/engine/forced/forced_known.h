@@ -11,7 +11,7 @@ namespace tarnwick {
 /// An exact mate may be asked for, and stored, whatever heuristics are in force: they only leave moves out.
 inline TKnowable WhatForcedMayKnow(const TChessboard& board) noexcept {
     TKnowable may = WhatMayBeKnown(board);
-    may.bMemory = (board.m_captureState & OneColourMask) == 0 && IsPositionFullyDescribed(board);
+    may.bMemory = !IsOneColourPlay(board) && IsPositionFullyDescribed(board);
     return may;
 }
 

@@ -3,6 +3,7 @@
 #include "chess/board_tables.h"
 #include "chess/pins.h"
 #include "engine/heuristics/analysis_rules.h"
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/bounded_mate.h"
 #include "engine/heuristics/free_fields.h"
 #include "engine/heuristics/position_tests.h"
@@ -16,19 +17,6 @@ namespace {
 constexpr int LongRootPlies = 23;
 constexpr TTrialLimits Limits{.from = 2, .to = 6};
 constexpr TFieldSet MainDiagonals = 0x8040201008040201ULL | 0x0102040810204080ULL;
-
-int DistanceOfKings(const TChessboard& board) {
-    return KingDistance(WhiteKingField(board), BlackKingField(board));
-}
-
-bool IsKingInCorner(const TChessboard& board) {
-    return (board.m_blackKingFile == 0 || board.m_blackKingFile == 7) &&
-           (board.m_blackKingRank == 0 || board.m_blackKingRank == 7);
-}
-
-int MajorCount(const TChessboard& board) {
-    return board.m_whiteQueens + board.m_whiteRooks;
-}
 
 /// Two white men, both bishops, one of them on a main diagonal.
 bool DoBishopsHoldMainDiagonal(const TChessboard& board) {

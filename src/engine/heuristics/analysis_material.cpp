@@ -5,6 +5,7 @@
 
 #include "chess/lines.h"
 #include "engine/heuristics/analysis_rules.h"
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/free_fields.h"
 #include "engine/heuristics/line_moves.h"
 #include "engine/heuristics/position_tests.h"
@@ -13,18 +14,13 @@
 namespace tarnwick {
 namespace {
 
-int DistanceOfKings(const TChessboard& board) {
-    return KingDistance(WhiteKingField(board), BlackKingField(board));
-}
-
 int WhiteMenCount(const TChessboard& board) {
     return WhiteFigureCount(board) + board.m_whitePawns;
 }
 
 /// Dynamic relaxation of the edge: the king may run once so many black figures are gone.
-void RelaxOnCaptures(TSpecialHeuristics& parameters, int figures, int second) {
+void RelaxOnCaptures(TSpecialHeuristics& parameters, int figures) {
     parameters.RelaxFiguresCaptured = static_cast<std::uint8_t>(figures);
-    parameters.DeferSecond = static_cast<std::uint16_t>(second);
 }
 
 bool IsKingInCentre(const TChessboard& board) {
@@ -100,13 +96,13 @@ void JudgeFewBlackFigures(TAnalysis& a) {
         }
     } else if (blackFigures == 1 && board.m_whiteRooks == 1 && board.m_whitePawns == 0 &&
                a.whiteFigures == 1) {
-        RelaxOnCaptures(a.parameters, 1, board.m_blackKnights == 1 ? 3 : 1);
+        RelaxOnCaptures(a.parameters, 1);
         a.set |= board.m_blackKnights == 1 && IsBlackKingHeld(board) ? SH_CAPTUREKNIGHT : 0;
     } else if (board.m_whiteKnights == 1 && WhiteMenCount(board) == 2 && board.m_blackKnights > 0) {
         a.Add(SH_CAPTUREKNIGHT);
-        RelaxOnCaptures(a.parameters, 1, 2);
+        RelaxOnCaptures(a.parameters, 1);
     } else if (board.m_blackRooks == 1 && board.m_blackQueens == 1 && a.whiteFigures == 1) {
-        RelaxOnCaptures(a.parameters, std::min(WhiteMenCount(board), 3), 0);
+        RelaxOnCaptures(a.parameters, std::min(WhiteMenCount(board), 3));
     }
 }
 
@@ -204,7 +200,7 @@ void FollowMenAgainstKnights(TAnalysis& a) {
         return;
     }
     a.Clear(EdgeHeuristics);
-    TFieldSet figures = board.m_blackMen & ~board.m_pawns & ~FieldBit(BlackKingField(board));
+    TFieldSet figures = BlackFigures(board);
     p.UnblockFieldCount = 0;
     while (figures != 0 && p.UnblockFieldCount < MaxTrackedMen) {
         const auto place = static_cast<std::size_t>(p.UnblockFieldCount++);

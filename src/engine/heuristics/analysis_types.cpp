@@ -83,7 +83,6 @@ void RecogniseKeyFigure(TAnalysis& a) {
     if (a.board.m_shRootPlies >= LeastPliesOfPlan && pin.keyField != NoField) {
         a.Add(SH_KEYWHITEFIGURE);
         a.parameters.KeyWhiteFigureField = pin.keyField;
-        a.parameters.KeyPinnedField = pin.pinnedField;
     }
 }
 

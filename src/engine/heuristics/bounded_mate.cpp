@@ -14,13 +14,13 @@
 #include "chess/mate_in_one.h"
 #include "engine/heuristics/heuristic_bits.h"
 #include "engine/heuristics/heuristic_checks.h"
-#include "engine/heuristics/heuristic_key.h"
 #include "engine/heuristics/white_screens.h"
 #include "engine/ordering/white_order.h"
 #include "engine/search/engine_state.h"
 #include "engine/search/find_mate.h"
 #include "engine/search/known_positions.h"
 #include "engine/search/node_hooks.h"
+#include "engine/search/search_scopes.h"
 
 namespace tarnwick {
 namespace {
@@ -31,27 +31,6 @@ using enum TTrialResult;
 constexpr int CostOfOrdering = 8;
 /// A limit of three moves of each side: from there on a mate in two is asked first.
 constexpr int LimitWithMateInTwo = 6;
-
-/// While it lives, the thread knows that it is not on the way of the solution: work is not shown as
-/// progress, and no further trial begins.
-class CNestedWork {
-  public:
-    explicit CNestedWork(TThreadContext& thread) : m_thread(thread), m_nodes(thread.m_nodes) {
-        if (thread.m_quickerMateNesting++ == 0) {
-            thread.m_nodesAtQuickerMate = m_nodes;
-        }
-    }
-    ~CNestedWork() {
-        --m_thread.m_quickerMateNesting;
-        m_thread.m_nodes = m_nodes;
-    }
-    CNestedWork(const CNestedWork&) = delete;
-    CNestedWork& operator=(const CNestedWork&) = delete;
-
-  private:
-    TThreadContext& m_thread;
-    std::uint64_t m_nodes;
-};
 
 class CTrial {
   public:
@@ -215,11 +194,6 @@ bool MatesInFewMoves(TChessboard& board, int limit) {
 
 }  // namespace
 
-TTrialResult TryBlackEscape(TChessboard& board, int limit) noexcept {
-    const CNestedWork nested(Thread(board));
-    return CTrial(Thread(board)).Run(board, limit);
-}
-
 TTrialResult IsBoundedMate(TChessboard& board, int from, int to,
                            bool bTestMateInOneFirst) noexcept {
     TThreadContext& thread = Thread(board);
@@ -227,7 +201,7 @@ TTrialResult IsBoundedMate(TChessboard& board, int from, int to,
         (bTestMateInOneFirst && IsWhiteToMove(board) && IsMateInOne(board))) {
         return Kept;
     }
-    const CNestedWork nested(thread);
+    const CNestedWork nested(board);
     CTrial trial(thread);
     for (int limit = from; limit <= to; limit += 2) {
         if (MatesInFewMoves(board, limit)) {
@@ -244,28 +218,17 @@ TTrialResult IsBoundedMate(TChessboard& board, int from, int to,
 TTrialResult TryHeuristics(TChessboard& board, std::uint32_t heuristics,
                            const TTrialOptions& options) noexcept {
     TSpecialHeuristics& parameters = Thread(board).m_heuristics;
-    const std::uint32_t maskBefore = board.m_heuristicFlags.Raw();
-    const std::uint32_t keyBefore = board.m_heuristicKey;
     const bool bStrictBefore = parameters.bKingStrict;
     const bool bAlmostBefore = parameters.bKingAlmostStrict;
     parameters.bKingStrict = options.bKingStrict;
     parameters.bKingAlmostStrict = options.bKingAlmostStrict;
-    SetHeuristics(board, heuristics);
+    const CHeuristicsScope set(board, heuristics);
     const TTrialLimits& limits = options.limits;
     const TTrialResult result =
         IsBoundedMate(board, limits.from, limits.to, limits.bTestMateInOneFirst);
     parameters.bKingStrict = bStrictBefore;
     parameters.bKingAlmostStrict = bAlmostBefore;
-    board.m_heuristicFlags.SetRaw(maskBefore);
-    board.m_heuristicKey = keyBefore;
     return result;
-}
-
-TTrialResult TryEdge(TChessboard& board, bool bStrict, bool bAlmost, bool bPromotedQueen,
-                     const TTrialLimits& limits) noexcept {
-    const std::uint32_t mask =
-        SH_KEEPKINGONTHEEDGE | (bPromotedQueen ? SH_DONTLETPROMOTEDQUEENMOVE : 0);
-    return TryHeuristics(board, mask, {bStrict, bAlmost, limits});
 }
 
 TTrialResult TryEdgeStrict(TChessboard& board, const TTrialLimits& limits) noexcept {

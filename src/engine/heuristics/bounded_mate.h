@@ -36,9 +36,6 @@ struct TTrialLimits {
 /// bTestMateInOneFirst and White to move, when White mates at once.
 TTrialResult IsBoundedMate(TChessboard& board, int from, int to, bool bTestMateInOneFirst) noexcept;
 
-/// One limit in plies, 0 and up. Either side may be to move.
-TTrialResult TryBlackEscape(TChessboard& board, int limit) noexcept;
-
 /// What TryHeuristics puts in force besides the mask.
 struct TTrialOptions {
     bool bKingStrict = false;
@@ -50,28 +47,7 @@ struct TTrialOptions {
 TTrialResult TryHeuristics(TChessboard& board, std::uint32_t heuristics,
                            const TTrialOptions& options) noexcept;
 
-/// Can the black king be held on the edge; with bPromotedQueen a promoted queen has to be still as well.
-TTrialResult TryEdge(TChessboard& board, bool bStrict, bool bAlmost, bool bPromotedQueen,
-                     const TTrialLimits& limits) noexcept;
-
 /// Can the black king be kept from moving, but for moves that it has to take back.
 TTrialResult TryEdgeStrict(TChessboard& board, const TTrialLimits& limits) noexcept;
-
-/// One trial that several rules ask for: run at the first question. 255 in the byte: not yet tried.
-class TCachedTrial {
-  public:
-    /// runTrial() returns a TTrialResult.
-    template <class TRun>
-    TTrialResult Get(TRun runTrial) noexcept {
-        if (m_result == NotTried) {
-            m_result = static_cast<std::uint8_t>(runTrial());
-        }
-        return static_cast<TTrialResult>(m_result);
-    }
-
-  private:
-    static constexpr std::uint8_t NotTried = 255;
-    std::uint8_t m_result = NotTried;
-};
 
 }  // namespace tarnwick

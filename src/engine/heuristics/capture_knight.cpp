@@ -5,15 +5,14 @@
 namespace tarnwick {
 namespace {
 
-/// Black knights that have yet to fall.
+/// Black knights that have yet to fall: all of them, or one of those that Black had at the root.
 int KnightsToCapture(const TChessboard& board) {
-    const TThreadContext& thread = Thread(board);
-    if (thread.m_heuristics.bCaptureKnightVariant) {
+    if (Thread(board).m_heuristics.bCaptureKnightVariant) {
         return board.m_blackKnights;
     }
-    const bool bNoneCaptured = thread.m_pRootBoard == nullptr ||
-                               board.m_blackKnights >= thread.m_pRootBoard->m_blackKnights;
-    return board.m_blackKnights > 0 && bNoneCaptured ? 1 : 0;
+    const TChessboard* pRoot = Thread(board).m_pRootBoard;
+    const bool bNoneHasFallen = pRoot == nullptr || board.m_blackKnights >= pRoot->m_blackKnights;
+    return board.m_blackKnights > 0 && bNoneHasFallen ? 1 : 0;
 }
 
 bool AttacksKnight(const TChessboard& board) {
@@ -29,14 +28,13 @@ bool AttacksKnight(const TChessboard& board) {
 }  // namespace
 
 bool IsKnightCapturedTooLate(const TChessboard& board) noexcept {
-    const int missing = KnightsToCapture(board);
-    const int movesLeft = (board.m_shPlies + 1) / 2;
-    if (missing == 0 || missing < movesLeft) {
+    const int knights = KnightsToCapture(board);
+    const int movesBeforeMate = (board.m_shPlies + 1) / 2 - 1;
+    if (knights == 0 || movesBeforeMate > knights) {
         return false;
     }
-    // Each move left has to take a knight, the last one mating with it. With Black to move a knight may
-    // still run into an attack.
-    return missing > movesLeft || (IsWhiteToMove(board) && !AttacksKnight(board));
+    // With Black to move a knight may still run into an attack.
+    return movesBeforeMate < knights || (IsWhiteToMove(board) && !AttacksKnight(board));
 }
 
 }  // namespace tarnwick

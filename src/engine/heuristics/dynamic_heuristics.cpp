@@ -4,6 +4,7 @@
 #include <bit>
 
 #include "chess/line_history.h"
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/heuristic_bits.h"
 #include "engine/heuristics/heuristic_key.h"
 #include "engine/heuristics/line_moves.h"
@@ -18,13 +19,11 @@ namespace {
 /// Near the root, with enough moves left to gain anything.
 constexpr int LeastPliesToFollow = 16;
 constexpr int MostPliesPlayedToFollow = 7;
+constexpr int LeastPliesToFallBack = 16;
+constexpr int MostPliesPlayedToFallBack = 10;
 
 TFieldSet HeavyBlackMen(const TChessboard& board) {
     return board.m_straightSliders & board.m_blackMen;
-}
-
-TFieldSet BlackFigures(const TChessboard& board) {
-    return board.m_blackMen & ~board.m_pawns & ~FieldBit(BlackKingField(board));
 }
 
 /// The white king stops a pawn from below, on the first rank, and has just come into opposition.
@@ -45,6 +44,18 @@ bool IsMinorPieceHunt(const TChessboard& afterWhite) {
     const bool bHeavyMen = (afterWhite.m_straightSliders & OccupiedFields(afterWhite)) != 0;
     return !bHeavyMen && BlackKingEdgeDistance(afterWhite) == 0 && (bOneMinor || bOneColour) &&
            afterWhite.m_whiteBishops <= 1 && afterWhite.m_bWhiteFiguresListed != 0;
+}
+
+/// The reply is worth a search with a stricter set first.
+bool MayFallBack(const TChessboard& afterWhite) {
+    const TSpecialHeuristics& parameters = Thread(afterWhite).m_heuristics;
+    const bool bNearRoot =
+        afterWhite.m_shPlies >= LeastPliesToFallBack &&
+        afterWhite.m_shRootPlies - afterWhite.m_shPlies <= MostPliesPlayedToFallBack;
+    return bNearRoot &&
+           (BlackKingEdgeDistance(afterWhite) == 0 ||
+            (afterWhite.m_heuristicFlags.HasAny(SH_KEEPKINGONTHEEDGE) && parameters.bKingStrict)) &&
+           CanFallBack(afterWhite);
 }
 
 }  // namespace
@@ -86,17 +97,27 @@ bool CanFallBack(const TChessboard& afterWhite) noexcept {
     return HasKingBlockedPawn(afterWhite) || IsMinorPieceHunt(afterWhite);
 }
 
+bool MatesWithStrictEdge(TChessboard& afterWhite) noexcept {
+    if (!MayFallBack(afterWhite)) {
+        return false;
+    }
+    const CStrictEdgeScope scope(afterWhite);
+    return FindMateBlackToMove(afterWhite) == ResultMate;
+}
+
 CStrictEdgeScope::CStrictEdgeScope(TChessboard& board) noexcept
     : m_board(board),
       m_mask(board.m_heuristicFlags.Raw()),
       m_key(board.m_heuristicKey),
-      m_bStrict(Thread(board).m_heuristics.bKingStrict) {
-    Thread(board).m_heuristics.bKingStrict = true;
+      m_parameters(Thread(board).m_heuristics) {
+    TSpecialHeuristics& parameters = Thread(board).m_heuristics;
+    parameters.bKingStrict = true;
+    parameters.StillKingField = static_cast<std::uint8_t>(BlackKingField(board));
     SetHeuristics(board, m_mask | SH_KEEPKINGONTHEEDGE);
 }
 
 CStrictEdgeScope::~CStrictEdgeScope() {
-    Thread(m_board).m_heuristics.bKingStrict = m_bStrict;
+    Thread(m_board).m_heuristics = m_parameters;
     m_board.m_heuristicFlags.SetRaw(m_mask);
     m_board.m_heuristicKey = m_key;
 }
@@ -106,6 +127,8 @@ CFollowedMenScope::CFollowedMenScope(TChessboard& board) noexcept
       m_mask(board.m_heuristicFlags.Raw()),
       m_key(board.m_heuristicKey),
       m_parameters(Thread(board).m_heuristics) {
+    std::copy(std::begin(board.m_trackedFields), std::end(board.m_trackedFields),
+              m_trackedFields.begin());
     TSpecialHeuristics& parameters = Thread(board).m_heuristics;
     CollectTrackedMen(board, parameters);
     parameters.bUnblockFromFields = false;
@@ -117,6 +140,7 @@ CFollowedMenScope::CFollowedMenScope(TChessboard& board) noexcept
 }
 
 CFollowedMenScope::~CFollowedMenScope() {
+    std::copy(m_trackedFields.begin(), m_trackedFields.end(), m_board.m_trackedFields);
     Thread(m_board).m_heuristics = m_parameters;
     m_board.m_heuristicFlags.SetRaw(m_mask);
     m_board.m_heuristicKey = m_key;

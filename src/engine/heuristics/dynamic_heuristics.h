@@ -3,6 +3,8 @@
 // become of another kind there: men that have been shut in are followed, or the black king that has been
 // driven to the edge is no longer to move at all.
 
+#include <array>
+
 #include "chess/chessboard.h"
 #include "engine/heuristics/special_heuristics.h"
 
@@ -21,7 +23,12 @@ bool MatesWithTrackedFields(TChessboard& child) noexcept;
 /// so that the reply is searched first with SH_KEEPKINGONTHEEDGE and bKingStrict.
 bool CanFallBack(const TChessboard& afterWhite) noexcept;
 
-/// The strict edge on a board and its thread, for the time of a search; put back at the end.
+/// After White's move, near the root: CanFallBack, and White mates with that set. False says nothing.
+/// Searches the child to its depth, without a log; board and parameters are put back.
+bool MatesWithStrictEdge(TChessboard& afterWhite) noexcept;
+
+/// The strict edge on a board and its thread, for the time of a search; put back at the end. The king is
+/// to stay where it stands now.
 class CStrictEdgeScope {
   public:
     explicit CStrictEdgeScope(TChessboard& board) noexcept;
@@ -33,10 +40,11 @@ class CStrictEdgeScope {
     TChessboard& m_board;
     const std::uint32_t m_mask;
     const std::uint32_t m_key;
-    const bool m_bStrict;
+    const TSpecialHeuristics m_parameters;
 };
 
-/// The blocked men of a board followed, for the time of a search; put back at the end.
+/// The blocked men of a board followed, for the time of a search. Board and parameters are put back at the
+/// end, the men that were followed before included.
 class CFollowedMenScope {
   public:
     explicit CFollowedMenScope(TChessboard& board) noexcept;
@@ -49,6 +57,7 @@ class CFollowedMenScope {
     const std::uint32_t m_mask;
     const std::uint32_t m_key;
     const TSpecialHeuristics m_parameters;
+    std::array<TField, MaxTrackedMen> m_trackedFields;
 };
 
 }  // namespace tarnwick

@@ -4,6 +4,7 @@
 #include <bit>
 
 #include "chess/attacks.h"
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/heuristic_bits.h"
 #include "engine/heuristics/heuristic_key.h"
 #include "engine/heuristics/line_moves.h"
@@ -12,8 +13,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr TFieldSet SixthRank = TFieldSet{0xFF} << 40;
-constexpr TFieldSet SeventhRank = TFieldSet{0xFF} << 48;
 constexpr int SeventhRankNumber = 6;
 
 /// The captured men that a stack notes are the first three of the line, pawns among them; when they are
@@ -55,8 +54,7 @@ bool HasAdvancedPawn(const TChessboard& board) {
 
 /// White attacks a black figure at this moment: the balance of men may change.
 bool AttacksFigure(const TChessboard& board) {
-    TFieldSet figures = board.m_blackMen & ~board.m_pawns & ~FieldBit(BlackKingField(board));
-    while (figures != 0) {
+    for (TFieldSet figures = BlackFigures(board); figures != 0;) {
         const int field = PopLowest(figures);
         if (IsAttackedByWhiteOver(board, field, OccupiedFields(board))) {
             return true;

@@ -12,10 +12,8 @@
 namespace tarnwick {
 namespace {
 
-constexpr std::uint32_t PromotedManHeuristics =
-    SH_DONTLETPROMOTEDQUEENMOVE | SH_DONTLETPROMOTEDFIGUREMOVE;
 constexpr std::uint32_t BreakableHeuristics =
-    SH_DONTLETFIGUREUNBLOCK | SH_SAVEQUEENROOK | SH_DONTLOSEANYFIGURES | PromotedManHeuristics;
+    SH_DONTLETFIGUREUNBLOCK | SH_SAVEQUEENROOK | SH_DONTLOSEANYFIGURES | PromotedHeuristics;
 constexpr std::uint32_t NotedHeuristics =
     BreakableHeuristics | SH_KEYWHITEFIGURE | SH_ZUGZWANGTRIANGLES;
 
@@ -26,7 +24,7 @@ bool Has(const TChessboard& board, std::uint32_t bits) {
 /// White's answers to the move have to pass the screens of the white node.
 bool IsWorthWatching(const TChessboard& afterBlack) {
     return (Has(afterBlack, SH_DONTLOSEANYFIGURES) && HasJustLostMan(afterBlack)) ||
-           (Has(afterBlack, PromotedManHeuristics) && HasPromotedManMoved(afterBlack)) ||
+           (Has(afterBlack, PromotedHeuristics) && HasPromotedManMoved(afterBlack)) ||
            (Has(afterBlack, SH_DONTLETFIGUREUNBLOCK) && !AreFollowedMenAtHome(afterBlack));
 }
 
@@ -38,7 +36,7 @@ bool BreaksAny(TChessboard& afterBlack) {
     return (Has(afterBlack, SH_DONTLETFIGUREUNBLOCK) && HasManUnblocked(afterBlack)) ||
            (Has(afterBlack, SH_SAVEQUEENROOK) && IsSavedForceGone(afterBlack)) ||
            (Has(afterBlack, SH_DONTLOSEANYFIGURES) && IsLossSerious(afterBlack)) ||
-           (Has(afterBlack, PromotedManHeuristics) && IsPromotedManLoose(afterBlack));
+           (Has(afterBlack, PromotedHeuristics) && IsPromotedManLoose(afterBlack));
 }
 
 }  // namespace

@@ -3,14 +3,9 @@
 #include <bit>
 
 #include "chess/attacks.h"
+#include "engine/heuristics/board_questions.h"
 
 namespace tarnwick {
-namespace {
-
-constexpr TFieldSet EdgeLines = 0xFF818181818181FFULL;
-
-}  // namespace
-
 TFieldSet FreeFields(const TChessboard& board) noexcept {
     const int king = BlackKingField(board);
     const TFieldSet occupied = OccupiedFields(board) & ~FieldBit(king);
@@ -31,7 +26,7 @@ int CountFreeFields(const TChessboard& board) noexcept {
 
 int CountFreeFieldsEdgeWeighted(const TChessboard& board) noexcept {
     const TFieldSet free = FreeFields(board);
-    return std::popcount(free & ~EdgeLines) + ((free & EdgeLines) != 0 ? 1 : 0);
+    return std::popcount(free & ~EdgeFields) + ((free & EdgeFields) != 0 ? 1 : 0);
 }
 
 }  // namespace tarnwick

@@ -39,6 +39,10 @@ inline constexpr std::uint32_t SH_ZUGZWANG = 0x80000000;
 /// The heuristics that hold the black king in a part of the board.
 inline constexpr std::uint32_t EdgeHeuristics = SH_KEEPKINGONTHEEDGE | SH_KEEPKINGWITHINEXTEDGE;
 
+/// The heuristics that keep black figures from play that came from promotions.
+inline constexpr std::uint32_t PromotedHeuristics =
+    SH_DONTLETPROMOTEDQUEENMOVE | SH_DONTLETPROMOTEDFIGUREMOVE;
+
 /// The heuristics whose screens reject moves of the white node.
 inline constexpr std::uint32_t HeuristicsWithScreens = 0x020808A6;
 

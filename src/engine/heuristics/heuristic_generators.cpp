@@ -8,6 +8,7 @@
 #include "chess/move_list.h"
 #include "engine/heuristics/heuristic_bits.h"
 #include "engine/heuristics/key_white_figure.h"
+#include "engine/heuristics/one_colour_play.h"
 #include "engine/heuristics/sea_snake.h"
 #include "engine/heuristics/zugzwang_position.h"
 #include "engine/heuristics/zugzwang_triangle.h"
@@ -62,8 +63,7 @@ constexpr TMoveFilter Filters[] = {{SH_ZUGZWANGTRIANGLES, IsOnTriangle},
 
 /// Fields of the other colour are left out with it, so that the node knows that its list is not whole.
 bool MayPlayInOneColour(const TChessboard& board, TMove move) {
-    const int mode = board.m_captureState & OneColourMask;
-    return (mode != WhiteFieldsOnly && mode != BlackFieldsOnly) ||
+    return !IsOneColourPlay(board) ||
            board.m_pThread->m_pHooks->m_pMayWhitePlayInOneColour(board, move);
 }
 
@@ -116,7 +116,7 @@ int GenerateHeuristicMoves(TChessboard& board, TMove* pList, int* pLeftOut) noex
             return count;
         }
     }
-    if (!board.m_heuristicFlags.HasAny(SH_ONECOLORPLAYPOSSIBLE)) {
+    if (!IsOneColourPlay(board)) {
         return -1;
     }
     return TakeWanted(board, pList, pLeftOut, true,

@@ -6,7 +6,7 @@
 namespace tarnwick {
 
 /// White to move, with some bit of HeuristicsWithGenerators set. Writes the moves of the first heuristic
-/// with a list of its own (triangles, sea snake, zugzwang, key figure) and returns their count: legal, in
+/// with a list of its own (sea snake, zugzwang, key figure) and returns their count: legal, in
 /// order of search, room for MaxMovesOfSide. *pLeftOut receives the number of legal moves left out.
 ///
 /// In the play on one colour of fields the moves to the other colour are left out as well, even if that

@@ -34,8 +34,7 @@ std::string WithoutBlanks(std::string_view text) {
 }
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-    const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; };
-    return std::ranges::equal(a, b, {}, upper, upper);
+    return std::ranges::equal(a, b, {}, ToUpper, ToUpper);
 }
 
 /// For a message: what was found may be long and of any bytes.

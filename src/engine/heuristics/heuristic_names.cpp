@@ -3,15 +3,12 @@
 #include <algorithm>
 
 #include "engine/heuristics/heuristic_catalogue.h"
+#include "engine/heuristics/heuristic_words.h"
 
 namespace tarnwick {
 namespace {
 
 constexpr const char* UnusedName = "...";
-
-constexpr char ToUpper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
-}
 
 }  // namespace
 

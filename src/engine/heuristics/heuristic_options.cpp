@@ -12,9 +12,6 @@ namespace {
 
 using enum THeuristicOption;
 
-constexpr std::uint32_t PromotedHeuristics =
-    SH_DONTLETPROMOTEDQUEENMOVE | SH_DONTLETPROMOTEDFIGUREMOVE;
-
 /// In the order of the enumeration.
 constexpr THeuristicOptionEntry Options[] = {
     {KingMustNotMove,

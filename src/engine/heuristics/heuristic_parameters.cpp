@@ -11,10 +11,6 @@
 namespace tarnwick {
 namespace {
 
-constexpr char ToUpper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
-}
-
 /// Takes words, numbers and fields from the front of a text. What is not there is not taken.
 class CWords {
   public:
@@ -273,14 +269,11 @@ struct TParameterKind {
     const char* pAllowed;  ///< In signs that need no translation.
 };
 
-constexpr std::uint32_t PromotedHeuristics =
-    SH_DONTLETPROMOTEDQUEENMOVE | SH_DONTLETPROMOTEDFIGUREMOVE;
-
 constexpr TParameterKind Kinds[] = {
     {SH_KEEPKINGONTHEEDGE, ReadEdge,
-     "[STRICT | ALMOST_STRICT][,C1-255][A][,D1-65535][,M0-65535][incl.corner]"},
+     "[STRICT | ALMOST_STRICT][,C0-255][A][,D0-65535][,M0-65535][incl.corner]"},
     {SH_KEEPKINGWITHINEXTEDGE, ReadExtEdge,
-     "[C1-255][A][,D1-65535][,M0-65535][incl.corner][strict]"},
+     "[C0-255][A][,D0-65535][,M0-65535][incl.corner][strict]"},
     {SH_ONECOLORPLAYPOSSIBLE, ReadOneColour,
      "[WhiteFieldsOnly | BlackFieldsOnly | SeparatedBlackBishop]"},
     {SH_DONTLEAVEMAINDIAGONAL, ReadMainDiagonal, "[A1-H8]"},
@@ -295,7 +288,7 @@ constexpr TParameterKind Kinds[] = {
     {SH_ASSERTBLACKKINGSURROUNDED, ReadSurrounded, "[strict]"},
     {SH_KEYWHITEFIGURE, ReadKeyWhiteFigure, "[A1-H8]"},
     {SH_KEEPKINGNEARCORNER, ReadCorner, "0-127S | 0-127M"},
-    {SH_SEASNAKE, ReadSeaSnake, "[A1-H8]-[A1-H8][-1-65535]"},
+    {SH_SEASNAKE, ReadSeaSnake, "[A1-H8]-[A1-H8][-0-65535]"},
     {SH_ZUGZWANG, ReadZugzwang, "[0-65535]"},
 };
 

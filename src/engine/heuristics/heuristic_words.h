@@ -4,6 +4,11 @@
 
 namespace tarnwick {
 
+/// Names and words are read in any case. Other bytes than small letters stay as they are.
+constexpr char ToUpper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
 inline constexpr const char* KingMustNotMoveName = "SH_DONTLETKINGMOVE";
 inline constexpr const char* ExceptionsWord = "excptns";
 inline constexpr const char* KingStrictWord = "STRICT";

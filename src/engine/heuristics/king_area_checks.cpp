@@ -8,6 +8,7 @@
 #include "chess/generate_moves.h"
 #include "chess/make_move.h"
 #include "chess/mate_in_one.h"
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/edge_relaxation.h"
 #include "engine/heuristics/key_checks.h"
 #include "engine/heuristics/line_moves.h"
@@ -66,16 +67,21 @@ bool IsKingHeld(const TChessboard& board) {
            !board.m_stateBits.Has(TStateBit::StrictnessOff);
 }
 
-/// Where the king stood when the heuristics now in force began: at the root, or where the search took up
-/// stricter ones. The walk back is needed only while the king is not where it was at the root.
+/// Where the king stood when the edge heuristic came into force: at the root, or where the search took it
+/// up. The walk back is needed only while the king is not where it was at the root.
 int HomeOfBlackKing(const TChessboard& board) {
-    const TChessboard* pRoot = Thread(board).m_pRootBoard;
-    if (pRoot != nullptr && BlackKingField(*pRoot) == BlackKingField(board)) {
+    const TThreadContext& thread = Thread(board);
+    if (thread.m_heuristics.StillKingField != NoHeuristicField) {
+        return thread.m_heuristics.StillKingField;
+    }
+    const TChessboard* pRoot = thread.m_pRootBoard;
+    if (pRoot != nullptr && pRoot->m_heuristicFlags.HasAny(SH_KEEPKINGONTHEEDGE) &&
+        BlackKingField(*pRoot) == BlackKingField(board)) {
         return BlackKingField(board);
     }
     const TChessboard* first = &board;
     while (first->m_pPrevious != nullptr &&
-           first->m_pPrevious->m_heuristicKey == board.m_heuristicKey) {
+           first->m_pPrevious->m_heuristicFlags.HasAny(SH_KEEPKINGONTHEEDGE)) {
         first = first->m_pPrevious;
     }
     return BlackKingField(*first);

@@ -7,6 +7,7 @@
 #include "chess/attacks.h"
 #include "chess/mate_in_one.h"
 #include "chess/pins.h"
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/free_fields.h"
 #include "engine/heuristics/line_moves.h"
 #include "engine/heuristics/position_tests.h"
@@ -17,16 +18,11 @@ namespace {
 
 /// Fields at least two away from every edge.
 constexpr TFieldSet InnerFields = 0x00003C3C3C3C0000ULL;
-constexpr TFieldSet CornerFields = 0x8100000000000081ULL;
 /// More than a walk on this many fields is no hold.
 constexpr int MostFieldsOfHeldKing = 6;
 
 TFieldSet KingNeighbours(const TChessboard& board) {
     return KingFields[static_cast<std::size_t>(BlackKingField(board))];
-}
-
-bool IsCornered(const TChessboard& board) {
-    return (CornerFields & FieldBit(BlackKingField(board))) != 0;
 }
 
 /// After White's check: nobody takes the man that moved.
@@ -122,7 +118,7 @@ bool IsMatingNet(const TChessboard& board) noexcept {
 }
 
 int CountCornerMoves(const TChessboard& board) noexcept {
-    if (!IsCornered(board)) {
+    if (!IsKingInCorner(board)) {
         return 0;
     }
     const TFieldSet occupied = OccupiedFields(board) & ~FieldBit(BlackKingField(board));
@@ -163,7 +159,7 @@ bool DoFiguresHoldKingArea(const TChessboard& board) noexcept {
 }
 
 bool IsKeyFigureNeededInCorner(const TChessboard& board, int keyField) noexcept {
-    if (!IsCornered(board)) {
+    if (!IsKingInCorner(board)) {
         return false;
     }
     const TFieldSet key = keyField < FieldCount ? FieldBit(keyField) : 0;

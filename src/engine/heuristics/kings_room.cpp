@@ -7,6 +7,7 @@
 #include "chess/lines.h"
 #include "chess/make_move.h"
 #include "chess/pins.h"
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/free_fields.h"
 #include "engine/heuristics/line_moves.h"
 
@@ -15,7 +16,6 @@ namespace {
 
 constexpr TFieldSet FirstFile = 0x0101010101010101ULL;
 constexpr TFieldSet FirstRank = 0xFF;
-constexpr TFieldSet SeventhRank = FirstRank << 48;
 
 /// The most fields of the set that share a file or a rank.
 int LongestLine(TFieldSet fields) {

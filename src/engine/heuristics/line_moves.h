@@ -7,9 +7,6 @@
 
 namespace tarnwick {
 
-/// Fields of the first and last rank and of the two outer files.
-inline constexpr TFieldSet EdgeFields = 0xFF818181818181FFULL;
-
 /// The mark in the promotion byte of a black move that NoteBlackMove found worth watching: by a promoted
 /// or followed man, or the loss of a white figure. White's answers to it are then screened.
 inline constexpr std::uint8_t WatchedMoveMark = NearBestMark;

@@ -11,7 +11,7 @@ namespace tarnwick {
 bool IsMateInThreeUnlikely(const TChessboard& afterBlack) noexcept;
 
 /// SH_CAPTUREKNIGHT, either side to move: White has too few moves left to take the black knight that
-/// has to fall before the mate, or all of them by bCaptureKnightVariant.
+/// has to fall before the mate.
 bool IsKnightCapturedTooLate(const TChessboard& board) noexcept;
 
 /// SH_SKIPWORSTWHITEMOVES, after White's move: a quiet move that leaves the moved figure to be taken for

@@ -1,7 +1,11 @@
 #include "engine/heuristics/one_colour_play.h"
 
+#include <algorithm>
+
+#include "chess/generate_moves.h"
 #include "chess/line_history.h"
 #include "chess/lines.h"
+#include "chess/make_move.h"
 #include "chess/mate_in_one.h"
 #include "chess/move_list.h"
 #include "engine/heuristics/heuristic_bits.h"
@@ -12,6 +16,8 @@ namespace {
 
 constexpr int LeastPlies = 13;
 constexpr TFieldSet LightFields = 0x55AA55AA55AA55AAULL;
+constexpr TFieldSet FilesA = 0x0101010101010101ULL;
+constexpr TFieldSet FilesH = FilesA << 7;
 
 TFieldSet FieldsOfColour(int parity) {
     return parity != 0 ? LightFields : ~LightFields;
@@ -45,14 +51,37 @@ void TakeBishopOff(TChessboard& board) {
     for (TField& tracked : board.m_trackedFields) {
         tracked = tracked == field ? NoField : tracked;
     }
-    board.m_captureState |= bLightBishop ? BlackFieldsOnly : WhiteFieldsOnly;
+    board.m_captureState &= static_cast<std::uint8_t>(~OneColourMask);
+    board.m_captureState |= BishopTakenOff | (bLightBishop ? BlackFieldsOnly : WhiteFieldsOnly);
     UpdateHeurParams(board);
 }
 
 bool MaySeparate(const TChessboard& board) {
-    return board.m_heuristicFlags.HasAny(SH_ONECOLORPLAYPOSSIBLE) &&
-           (board.m_captureState & OneColourMask) == 0 && board.m_shPlies >= LeastPlies &&
-           AreOppositeBishopsSeparable(board);
+    return board.m_heuristicFlags.HasAny(SH_ONECOLORPLAYPOSSIBLE) && !IsBishopTakenOff(board) &&
+           board.m_shPlies >= LeastPlies && AreOppositeBishopsSeparable(board);
+}
+
+/// Free fields of the bishop's colour from which a bishop could not move: all neighbours on its
+/// diagonals are Black's own men or off the board. White's men never stand on that colour.
+TFieldSet FieldsThatBuryBishop(const TChessboard& board) {
+    const bool bDark = (board.m_captureState & OneColourMask) == WhiteFieldsOnly;
+    const TFieldSet open = FieldsOfColour(bDark ? 0 : 1) & ~board.m_blackMen;
+    const TFieldSet notA = open & ~FilesA;
+    const TFieldSet notH = open & ~FilesH;
+    return open & ~((notA << 7) | (notA >> 9) | (notH << 9) | (notH >> 7));
+}
+
+/// Nothing that the bishop does can be in the way of a move to a field of the other colour.
+bool HasMoveOffBishopsColour(TChessboard& board) {
+    const bool bLight = (board.m_captureState & OneColourMask) == WhiteFieldsOnly;
+    TMove moves[MaxMovesOfSide];
+    const int count = GenerateAllBlackMoves(board, moves);
+    return std::any_of(moves, moves + count, [&](TMove move) {
+        const bool bDoubleStep =
+            board.m_fields[move.from] == BlackPawn && move.from - move.to == 2 * 8;
+        return (ColourParity(move.to) != 0) == bLight && !bDoubleStep &&
+               MakeBlackMove(*CopyToNextSlot(board), move, false) != MoveRefused;
+    });
 }
 
 }  // namespace
@@ -67,25 +96,20 @@ bool AreOppositeBishopsSeparable(const TChessboard& board) noexcept {
 }
 
 void SeparateOppositeBishops(TChessboard& child) noexcept {
-    if (child.m_pPrevious != nullptr && MaySeparate(child)) {
+    if (MaySeparate(child)) {
         TakeBishopOff(child);
     }
 }
 
-bool SeparateOppositeBishopsAtRoot(TChessboard& root) noexcept {
-    if (!MaySeparate(root)) {
-        return false;
-    }
-    TakeBishopOff(root);
-    return true;
+bool MayBlackBeStalemated(TChessboard& board) noexcept {
+    return FieldsThatBuryBishop(board) != 0 && !HasMoveOffBishopsColour(board);
 }
 
 bool MayWhitePlayInOneColour(const TChessboard& board, TMove move) noexcept {
-    const int mode = board.m_captureState & OneColourMask;
-    if (mode != WhiteFieldsOnly && mode != BlackFieldsOnly) {
+    if (!IsOneColourPlay(board)) {
         return true;
     }
-    const bool bLight = mode == WhiteFieldsOnly;
+    const bool bLight = (board.m_captureState & OneColourMask) == WhiteFieldsOnly;
     const TFigureCode promotion = move.PromotionType();
     const bool bDoubleStep = board.m_fields[move.from] == WhitePawn && move.to - move.from == 2 * 8;
     return (ColourParity(move.to) != 0) == bLight && !bDoubleStep && promotion != TypeQueen &&

@@ -4,8 +4,10 @@
 //
 // A mate of that game is a mate of the real one. The bishop could take no white man, check no king, shield
 // Black's king from no check, and stand in nobody's way but Black's: White has only men that do not
-// cross its fields, and the hook of the make operation keeps it so. That White does not mate proves
-// nothing, though, because the real game allows White more: it is doubtful at best.
+// cross its fields, and the hook of the make operation keeps it so. Only stalemate needs care: the bishop
+// may be buried behind Black's own men, and then Black cannot pass at all (MayBlackBeStalemated). That
+// White does not mate proves nothing, though, because the real game allows White more: it is doubtful at
+// best.
 
 #include "chess/chessboard.h"
 
@@ -15,12 +17,28 @@ namespace tarnwick {
 /// perhaps white knights; no white man stands on the black bishop's colour; Black's pawns are blocked.
 bool AreOppositeBishopsSeparable(const TChessboard& board) noexcept;
 
-/// Takes Black's bishop off and sets the one-colour mode, if the heuristic is set, the mode is 0 and the
-/// bishops are separable. Far from the end only. The root is the caller's own affair: it is left alone.
+/// A mode in which White keeps to one colour of fields.
+inline bool IsOneColourPlay(const TChessboard& board) noexcept {
+    const int mode = board.m_captureState & OneColourMask;
+    return mode == WhiteFieldsOnly || mode == BlackFieldsOnly;
+}
+
+/// A free bit of m_captureState: Black has a bishop that is not on the board, on fields of the colour that
+/// White keeps off.
+inline constexpr std::uint8_t BishopTakenOff = 0x40;
+
+/// Black's bishop is off the board, and Black may pass when it is not in check.
+inline bool IsBishopTakenOff(const TChessboard& board) noexcept {
+    return (board.m_captureState & BishopTakenOff) != 0;
+}
+
+/// Takes Black's bishop off and sets the one-colour mode, if the heuristic is set and the bishops are
+/// separable. Far from the end only.
 void SeparateOppositeBishops(TChessboard& child) noexcept;
 
-/// The same at the root, whose copy the caller keeps. Whether the bishop was taken off.
-bool SeparateOppositeBishopsAtRoot(TChessboard& root) noexcept;
+/// Black to move and not in check, his bishop taken off: with the bishop on some field that its men
+/// leave it, Black might have no move. A false answer is certain.
+bool MayBlackBeStalemated(TChessboard& board) noexcept;
 
 /// In the modes with a colour: whether the move keeps to it. It goes to a field of the colour, without a
 /// double step across the other, and promotes to no line piece.

@@ -5,16 +5,11 @@
 #include "engine/heuristics/dynamic_heuristics.h"
 #include "engine/heuristics/heuristic_bits.h"
 #include "engine/heuristics/heuristic_checks.h"
+#include "engine/heuristics/one_colour_play.h"
 #include "engine/heuristics/white_screens.h"
 #include "engine/search/thread_context.h"
 
 namespace tarnwick {
-
-/// A mode in which Black's bishop is off the board and White keeps to one colour of fields.
-inline bool IsOneColourPlay(const TChessboard& board) noexcept {
-    const int mode = board.m_captureState & OneColourMask;
-    return mode == WhiteFieldsOnly || mode == BlackFieldsOnly;
-}
 
 /// The make operations may refuse White's legal moves, so that a list which they went through need not
 /// be the whole truth.
@@ -48,16 +43,11 @@ inline bool IsCutAfterBlack(TChessboard& child) noexcept {
            BreaksHeuristicsAfterBlack(child);
 }
 
-/// After White's move, near the root: the reply is worth a search with a stricter set first.
-inline bool MayFallBack(const TChessboard& child) noexcept {
-    if (child.m_pass != 1 || child.m_shPlies < 16 || child.m_shRootPlies - child.m_shPlies > 10) {
-        return false;
-    }
-    const TSpecialHeuristics& parameters = Thread(child).m_heuristics;
-    return parameters.bHeuristicsFallback &&
-           (BlackKingEdgeDistance(child) == 0 ||
-            (child.m_heuristicFlags.HasAny(SH_KEEPKINGONTHEEDGE) && parameters.bKingStrict)) &&
-           CanFallBack(child);
+/// After White's move: a search of the reply with a stricter set finds mate. False: the usual search has
+/// its turn.
+inline bool MatesByFallback(TChessboard& child) noexcept {
+    return child.m_pass == 1 && Thread(child).m_heuristics.bHeuristicsFallback &&
+           MatesWithStrictEdge(child);
 }
 
 }  // namespace tarnwick

@@ -32,10 +32,7 @@ void ResetProposals(TSpecialHeuristics& p) {
     p.bLetRelaxHeuristics = old.bLetRelaxHeuristics;
     p.bHeuristicsFallback = old.bHeuristicsFallback;
     p.bRunPassWithoutHeuristics = old.bRunPassWithoutHeuristics;
-    p.bRelaxQueenChecks = old.bRelaxQueenChecks;
-    p.bRelaxPromotedQueen = old.bRelaxPromotedQueen;
     p.bRelaxAutomatic = old.bRelaxAutomatic;
-    p.bUnblockWithPawns = old.bUnblockWithPawns;
     if (old.bUnblockFixedByUser) {
         p.bUnblockFixedByUser = true;
         p.UnblockFieldCount = old.UnblockFieldCount;
@@ -65,12 +62,14 @@ std::uint16_t AnalyzePosition(TChessboard& board, bool bFromDialog, bool bSecond
         options.tell(UserText(InitialCheckText));
     }
     ResetProposals(Thread(board).m_heuristics);
+    board.m_pass = 1;  // The trials are of a pass with heuristics.
     board.m_captureState &= static_cast<std::uint8_t>(~OneColourMask);
     TAnalysis a{.board = board, .parameters = Thread(board).m_heuristics, .options = options};
     for (const TAnalysisRule rule : Rules) {
         rule(a);
     }
     PutOnBoard(a);
+    MarkForHeuristics(board);
     if (a.HasFlag(TPositionFlag::SafeModeForced) && !bFromDialog) {
         ForceSafeMode(Thread(board).m_task);
     }
@@ -78,6 +77,13 @@ std::uint16_t AnalyzePosition(TChessboard& board, bool bFromDialog, bool bSecond
         a.flags |= Bit(TPositionFlag::GlobalRegisterAsked);
     }
     return a.flags;
+}
+
+void MarkForHeuristics(TChessboard& root) noexcept {
+    root.m_searchFlags.Set(TSearchFlag::LongLightSort);
+    if (BlackFigureCount(root) + root.m_blackPawns == 0) {
+        root.m_searchFlags.Set(TSearchFlag::BareBlackKing);
+    }
 }
 
 void ForceSafeMode(TSolveTask& task) noexcept {

@@ -37,14 +37,18 @@ struct TAnalysisOptions {
     std::function<void(const char* text)> tell{};
 };
 
-/// Proposes the heuristics of the first pass: sets mask, key, and if need be the followed men of the
-/// board, and the parameters of its thread. White to move at the root, prepared, on a thread whose slots
+/// Proposes the heuristics of the first pass: sets mask, key, pass, marks and if need be the followed men
+/// of the board, and the parameters of its thread. White to move at the root, prepared, on a thread whose slots
 /// below are free. Switches the job to safe mode where that is needed, unless bFromDialog, when there is
 /// no job yet. bSecondCall: the user has been told already. pOptions may be null: all defaults.
 ///
 /// Answers TPositionFlag bits. Never fails; with trials it takes up to some tenths of a second.
 std::uint16_t AnalyzePosition(TChessboard& board, bool bFromDialog, bool bSecondCall,
                               const TAnalysisOptions* pOptions = nullptr);
+
+/// The marks of a root whose passes run under heuristics, whoever chose them: light ordering further from
+/// the leaves, and whether Black has only the king. The relaxation goes by them.
+void MarkForHeuristics(TChessboard& root) noexcept;
 
 /// From now on repetitions are judged with care, in the search and in the register.
 void ForceSafeMode(TSolveTask& task) noexcept;

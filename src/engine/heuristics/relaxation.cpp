@@ -38,7 +38,7 @@ TRung DropZugzwang(TLadder& ladder) {
 }
 TRung DropSeaSnake(TLadder& ladder) {
     // What looked like a sea snake goes round in circles: repetitions have to be judged with care.
-    if (ladder.Has(SH_SEASNAKE) && !ladder.parameters.bSeaSnakeKeepQuick && !ladder.bSimulated) {
+    if (ladder.Has(SH_SEASNAKE) && !ladder.bSimulated) {
         ForceSafeMode(Thread(ladder.board).m_task);
     }
     return DropIfThere(ladder, SH_SEASNAKE);
@@ -53,26 +53,16 @@ TRung DropMainDiagonal(TLadder& ladder) {
     return DropIfThere(ladder, SH_DONTLEAVEMAINDIAGONAL);
 }
 TRung DropQueenChecks(TLadder& ladder) {
-    return ladder.parameters.bRelaxQueenChecks ? DropIfThere(ladder, SH_DONTLETBLACKQUEENCHECKTWICE)
-                                               : TRung::GoOn;
+    return DropIfThere(ladder, SH_DONTLETBLACKQUEENCHECKTWICE);
 }
 TRung DropPromotedQueen(TLadder& ladder) {
-    return ladder.parameters.bRelaxPromotedQueen ? DropIfThere(ladder, SH_DONTLETPROMOTEDQUEENMOVE)
-                                                 : TRung::GoOn;
+    return DropIfThere(ladder, SH_DONTLETPROMOTEDQUEENMOVE);
 }
 TRung DropSingleQueen(TLadder& ladder) {
     return DropIfThere(ladder, SH_SINGLEQUEENMATE);
 }
 TRung DropLoseFigures(TLadder& ladder) {
     return DropIfThere(ladder, SH_DONTLOSEANYFIGURES);
-}
-
-TRung TurnStillKingIntoSurrounded(TLadder& ladder) {
-    const TSpecialHeuristics& p = ladder.parameters;
-    return ladder.Has(SH_KEEPKINGONTHEEDGE) && p.bKingStrict && p.bKingAlmostStrict &&
-                   p.bEdgeToSurrounded
-               ? Replace(ladder, SH_KEEPKINGONTHEEDGE, SH_ASSERTBLACKKINGSURROUNDED)
-               : TRung::GoOn;
 }
 
 /// Few light figures around a bare king cannot spare any of them: there the king's room goes first.
@@ -85,11 +75,8 @@ TRung DropLoseFiguresUnlessNeeded(TLadder& ladder) {
     return bNeeded ? TRung::GoOn : DropLoseFigures(ladder);
 }
 
-/// What is left asks for little; two of them may still be worth a pass of their own.
+/// What is left asks for little; one of them may still be worth a pass of its own.
 TRung DropRest(TLadder& ladder) {
-    if (ladder.Has(SH_DONTLETBLACKQUEENCHECKTWICE)) {
-        return Drop(ladder, SH_DONTLETBLACKQUEENCHECKTWICE);
-    }
     if (ladder.Has(SH_SKIPWORSTWHITEMOVES)) {
         return Drop(ladder, SH_SKIPWORSTWHITEMOVES);
     }
@@ -105,7 +92,6 @@ constexpr TStep Steps[] = {RestoreFollowedMen,
                            DropSeaSnake,
                            DropOneColourPlay,
                            DropNearCorner,
-                           TurnStillKingIntoSurrounded,
                            ThinFollowedMenIfMany,
                            DropMainDiagonal,
                            DropKeyFigureInCorner,
@@ -114,7 +100,6 @@ constexpr TStep Steps[] = {RestoreFollowedMen,
                            DropKeyFigure,
                            DropQueenChecks,
                            DropPromotedQueen,
-                           MakeFollowedMenEffective,
                            DropSingleQueen,
                            DropLoseFiguresUnlessNeeded,
                            RelaxSurrounded,
@@ -162,7 +147,6 @@ std::int8_t RelaxBoardBefore(TChessboard& board, bool bSimulated, const TSolving
 
 std::int8_t Relax(TChessboard& board, bool bSimulated, const TSolvingOutput& output) {
     TSpecialHeuristics& parameters = Thread(board).m_heuristics;
-    parameters.bFallbackPending = false;
     if (!parameters.bLetRelaxHeuristics) {
         PutOnBoard(board, 0);
         return NothingToRelax;

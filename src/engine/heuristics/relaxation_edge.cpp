@@ -3,6 +3,7 @@
 
 #include <bit>
 
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/free_fields.h"
 #include "engine/heuristics/position_tests.h"
 #include "engine/heuristics/relaxation_ladder.h"
@@ -17,17 +18,10 @@ constexpr int MostMenForSurrounded = 14;
 /// So many tracked men are worth a pass of their own without them.
 constexpr int ManyTracked = 3;
 
-/// The board's word for the kinds of position that the analysis made out: long ones, sorted lightly.
-bool IsLongKind(const TChessboard& board) {
+/// The mark of a job with heuristics, which the analysis leaves behind: while it is still choosing its
+/// first set, the board does not have it.
+bool IsMarkedForHeuristics(const TChessboard& board) {
     return board.m_searchFlags.Has(TSearchFlag::LongLightSort);
-}
-
-int MajorCount(const TChessboard& board) {
-    return board.m_whiteQueens + board.m_whiteRooks;
-}
-
-int DistanceOfKings(const TChessboard& board) {
-    return KingDistance(WhiteKingField(board), BlackKingField(board));
 }
 
 /// Neighbour fields of the black king: 3, 5 or 8.
@@ -75,7 +69,7 @@ bool IsExtendedEdgeWorthIt(const TChessboard& board) {
     if (distance > 1 || (distance == 0 && WhiteFigureCount(board) == 0 && !DoPawnsHold(board))) {
         return false;
     }
-    if (!IsLongKind(board)) {
+    if (!IsMarkedForHeuristics(board)) {
         return CanHoldWithinExtendedEdge(board);
     }
     return MajorCount(board) > 0 || DoPawnsHold(board);
@@ -99,7 +93,7 @@ bool IsEdgeReplaced(const TLadder& ladder) {
     if (ladder.parameters.RelaxationSteps <= 1) {
         return false;
     }
-    if (!IsLongKind(board) && MajorCount(board) == 2 && board.m_whiteBishops > 0 &&
+    if (!IsMarkedForHeuristics(board) && MajorCount(board) == 2 && board.m_whiteBishops > 0 &&
         !HasKingField(board)) {
         return true;
     }
@@ -128,7 +122,8 @@ void AddSurrounded(const TChessboard& board, std::uint32_t& set) {
 }
 
 void AddHoldOfFewMen(const TChessboard& board, TSpecialHeuristics& parameters, std::uint32_t& set) {
-    if (IsLongKind(board) && MajorCount(board) < 2 && (set & SH_ASSERTBLACKKINGSURROUNDED) == 0) {
+    if (IsMarkedForHeuristics(board) && MajorCount(board) < 2 &&
+        (set & SH_ASSERTBLACKKINGSURROUNDED) == 0) {
         SetExtendedEdge(board, parameters, set);
     }
     if ((set & SH_KEEPKINGWITHINEXTEDGE) == 0 && CountFreeFields(board) <= 1) {

@@ -6,6 +6,7 @@
 
 #include "platform/clock.h"
 
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/free_fields.h"
 #include "engine/heuristics/position_tests.h"
 #include "engine/heuristics/relaxation_ladder.h"
@@ -29,9 +30,8 @@ TForcedLevel NextLevel(TForcedLevel level) {
 
 bool RaiseLevelInTurn(TLadder& ladder) {
     TSpecialHeuristics& p = ladder.parameters;
-    const int allowed = p.bForcedCustom ? p.ForcedCustomRelaxations : p.ForcedRelaxations;
     const int done = static_cast<int>(p.ForcedLevel) - static_cast<int>(p.ForcedStartLevel);
-    if (done >= allowed || IsWeakest(p.ForcedLevel)) {
+    if (done >= p.ForcedRelaxations || IsWeakest(p.ForcedLevel)) {
         return false;
     }
     p.ForcedLevel = NextLevel(p.ForcedLevel);
@@ -70,11 +70,6 @@ bool TakeNextSetByMaterial(TLadder& ladder) {
         SetExtendedEdge(board, ladder.parameters, ladder.set);
     }
     return true;
-}
-
-bool IsKingInCorner(const TChessboard& board) {
-    return (board.m_blackKingFile == 0 || board.m_blackKingFile == 7) &&
-           (board.m_blackKingRank == 0 || board.m_blackKingRank == 7);
 }
 
 /// Whether a still weaker level is not worth even a second: the ordinary search does as well.
@@ -122,15 +117,6 @@ bool RaiseLevelInTime(TLadder& ladder) {
     return true;
 }
 
-TRung EndForcedMate(TLadder& ladder) {
-    if (!ladder.parameters.bForcedCustom) {
-        return Drop(ladder, SH_FINDFORCEDMATE);
-    }
-    ladder.parameters.bForcedCustom = false;
-    ladder.parameters.ForcedLevel = ladder.parameters.ForcedStartLevel;
-    return TRung::Changed;
-}
-
 }  // namespace
 
 TRung RelaxForcedMate(TLadder& ladder) {
@@ -149,7 +135,7 @@ TRung RelaxForcedMate(TLadder& ladder) {
     if (!IsForcingExhausted(ladder.board) && RaiseLevelInTime(ladder)) {
         return TRung::ChangedByTime;
     }
-    return EndForcedMate(ladder);
+    return Drop(ladder, SH_FINDFORCEDMATE);
 }
 
 }  // namespace tarnwick

@@ -44,7 +44,6 @@ TRung RestoreFollowedMen(TLadder& ladder);
 TRung TakeTurnsWithKeyFigure(TLadder& ladder);
 TRung ThinFollowedMenIfMany(TLadder& ladder);
 TRung ThinFollowedMen(TLadder& ladder);
-TRung MakeFollowedMenEffective(TLadder& ladder);
 TRung ReduceFollowedMen(TLadder& ladder);
 TRung DropKeyFigureInCorner(TLadder& ladder);
 TRung DropKeyFigure(TLadder& ladder);

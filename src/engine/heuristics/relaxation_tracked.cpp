@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/position_tests.h"
 #include "engine/heuristics/relaxation_ladder.h"
 #include "engine/heuristics/tracked_men.h"
@@ -58,11 +59,6 @@ TRung LetKeyFigureGo(TLadder& ladder) {
     return Drop(ladder, SH_KEYWHITEFIGURE);
 }
 
-bool IsKingInCorner(const TChessboard& board) {
-    return (board.m_blackKingFile == 0 || board.m_blackKingFile == 7) &&
-           (board.m_blackKingRank == 0 || board.m_blackKingRank == 7);
-}
-
 }  // namespace
 
 bool IsUnblockInUse(const TLadder& ladder) {
@@ -105,17 +101,7 @@ TRung ThinFollowedMen(TLadder& ladder) {
     p.RemovableCount = 0;
     if (removed == 0 || p.UnblockFieldCount == 0) {
         StopFollowing(ladder);
-        p.bFallbackPending = p.bHeuristicsFallback;
     }
-    return TRung::Changed;
-}
-
-TRung MakeFollowedMenEffective(TLadder& ladder) {
-    TSpecialHeuristics& p = ladder.parameters;
-    if (!ladder.Has(SH_DONTLETFIGUREUNBLOCK) || p.UnblockFieldCount == 0 || p.bUnblockEffective) {
-        return TRung::GoOn;
-    }
-    p.bUnblockEffective = true;
     return TRung::Changed;
 }
 

@@ -15,13 +15,20 @@ const TSpecialHeuristics& Parameters(const TChessboard& board) {
     return Thread(board).m_heuristics;
 }
 
-/// The plan is on: it has been found, and is not put off to a later move. Quicker-mate work has other
+bool IsPlanKnown(const TSpecialHeuristics& parameters) {
+    return parameters.SeaSnakeApproachField < FieldCount &&
+           parameters.SeaSnakeTurnBackField < FieldCount &&
+           parameters.SeaSnakePendulumField1 < FieldCount &&
+           parameters.SeaSnakePendulumField2 < FieldCount;
+}
+
+/// The plan is on: all of it is known, and it is not put off to a later move. Quicker-mate work has other
 /// plies than the line; there the move at which it began counts.
 bool IsPlanOn(const TChessboard& board) {
     const TThreadContext& thread = Thread(board);
     const int plies =
         thread.m_quickerMateNesting > 0 ? thread.m_quickerMateStartPlies : board.m_shPlies;
-    return thread.m_heuristics.bSeaSnakeOn &&
+    return thread.m_heuristics.bSeaSnakeOn && IsPlanKnown(thread.m_heuristics) &&
            (board.m_shRootPlies - plies) / 2 >= thread.m_heuristics.SeaSnakeAfterMove;
 }
 
@@ -29,9 +36,6 @@ bool IsPlanOn(const TChessboard& board) {
 bool IsOnTheWay(const TChessboard& board, int field) {
     const int goal = Parameters(board).SeaSnakeApproachField;
     const int turnBack = Parameters(board).SeaSnakeTurnBackField;
-    if (goal >= FieldCount || turnBack >= FieldCount) {
-        return true;
-    }
     const TChessboard* pRoot = Thread(board).m_pRootBoard;
     const int start = pRoot != nullptr ? WhiteKingField(*pRoot) : turnBack;
     return KingDistance(field, goal) <=

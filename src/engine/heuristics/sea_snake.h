@@ -18,6 +18,10 @@ namespace tarnwick {
 /// bSeaSnakeOn. Otherwise the parameters stay as they are. A root test: some microseconds.
 bool DetectSeaSnake(const TChessboard& board, TSpecialHeuristics& parameters) noexcept;
 
+/// The root of a sea snake that the user gave: fields that a list does not name, or left out, become those
+/// of the detected one. Where none is detected they stay unknown, and then no plan is broken.
+void CompleteSeaSnake(const TChessboard& root, TSpecialHeuristics& parameters) noexcept;
+
 /// SH_SEASNAKE after White's move (Black to move): the plan is left. The caller has tested the bit, which
 /// is cleared on the board, the key computed anew, when the king has arrived.
 bool BreaksSeaSnakeAfterWhite(TChessboard& afterWhite) noexcept;

@@ -210,4 +210,19 @@ bool DetectSeaSnake(const TChessboard& board, TSpecialHeuristics& parameters) no
     return true;
 }
 
+void CompleteSeaSnake(const TChessboard& root, TSpecialHeuristics& parameters) noexcept {
+    TSpecialHeuristics found;
+    if (!DetectSeaSnake(root, found)) {
+        return;
+    }
+    constexpr std::uint8_t TSpecialHeuristics::*FieldsOfPlan[] = {
+        &TSpecialHeuristics::SeaSnakeApproachField, &TSpecialHeuristics::SeaSnakeTurnBackField,
+        &TSpecialHeuristics::SeaSnakePendulumField1, &TSpecialHeuristics::SeaSnakePendulumField2};
+    for (const auto field : FieldsOfPlan) {
+        if (parameters.*field == NoHeuristicField) {
+            parameters.*field = found.*field;
+        }
+    }
+}
+
 }  // namespace tarnwick

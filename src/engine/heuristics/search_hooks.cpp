@@ -21,12 +21,6 @@ bool MayWhiteKingEnter(const TChessboard& board, int field) {
     return (FieldsForbiddenToWhiteKing(board) & FieldBit(field)) == 0;
 }
 
-/// The plies of a move are those left before it is made.
-bool MayBlackPawnMove(const TChessboard& board, TMove) {
-    const std::uint16_t blocked = Thread(board).m_heuristics.BlockedPawnsPlies;
-    return blocked == 0 || board.m_shPlies != blocked;
-}
-
 void UpdateKingArea(TChessboard& board) {
     if (CountFreeFields(board) > MostFieldsOfHeldKing) {
         board.m_searchFlags.Clear(TSearchFlag::KingAreaState);
@@ -44,7 +38,6 @@ void UpdateKeyField(TChessboard& board, int captureField) {
 const TMakeHooks HeuristicMakeHooks = {
     .m_pMayWhitePlayInOneColour = MayWhitePlay,
     .m_pMayWhiteKingEnter = MayWhiteKingEnter,
-    .m_pMayBlackPawnMove = MayBlackPawnMove,
     .m_pUpdateKingArea = UpdateKingArea,
     .m_pUpdateKeyField = UpdateKeyField,
 };

@@ -37,17 +37,18 @@ struct TSpecialHeuristics {
     // SH_KEEPKINGONTHEEDGE and SH_KEEPKINGWITHINEXTEDGE
     bool bKingStrict = false;       ///< Black's king must not move at all.
     bool bKingAlmostStrict = true;  ///< With bKingStrict: exceptions apply.
-    bool bExtEdgeStrict = true;     ///< From the adjacent line the king may move to the edge only.
+    /// With bKingStrict: where the king must stay; not set: where it stood when the heuristic began.
+    std::uint8_t StillKingField = NoHeuristicField;
+    bool bExtEdgeStrict = true;  ///< From the adjacent line the king may move to the edge only.
     bool bIncludeInnerCorners = false;  ///< b2, b7, g2 and g7 count as edge.
-    bool bEdgeToSurrounded = false;     ///< Relaxation may turn the strict edge into surrounded.
     // Their relaxation inside a line of play
     std::uint8_t RelaxFiguresCaptured = 0;  ///< Off when so many black figures are taken; 0: never.
     bool bRelaxExtEdgeOnly = false;
     bool bRelaxOnAdvancedPawn = false;
-    bool bRelaxSkipDefer = false;
-    bool bRelaxAutomatic = true;
+    bool bRelaxSkipDefer = false;     ///< No waiting while White attacks no black figure.
+    bool bRelaxAutomatic = true;      ///< The analysis and relaxation may set bRelaxOnAdvancedPawn.
     std::uint16_t DeferMoves = 0;     ///< Plies that a violation may wait.
-    std::uint16_t DeferSecond = 255;  ///< The second number shown with it.
+    std::uint16_t DeferSecond = 255;  ///< Distance from the edge that the king may reach meanwhile.
     // SH_ASSERTBLACKKINGSURROUNDED
     bool bSurroundedStrict = false;  ///< At most two free fields.
     // SH_KEEPKINGNEARCORNER: greatest distance, in fields if positive, in king's moves if negative.
@@ -60,11 +61,13 @@ struct TSpecialHeuristics {
     bool bPromotedStrict = false;
     // SH_DONTLETFIGUREUNBLOCK
     std::int8_t UnblockFieldCount = 0;
-    std::array<std::uint8_t, MaxTrackedMen> UnblockFields{};         ///< Now; 255 once captured.
-    std::array<std::uint8_t, MaxTrackedMen> UnblockInitialFields{};  ///< When they were set.
-    bool bUnblockEffective = false;  ///< The set has been shrunk by relaxation.
+    /// Where they stood when they were set to be followed. Where they stand now is on the board.
+    std::array<std::uint8_t, MaxTrackedMen> UnblockFields{};
+    /// The same for men set at the root; for men set during the search, their fields at the root.
+    std::array<std::uint8_t, MaxTrackedMen> UnblockInitialFields{};
+    bool bUnblockEffective = false;  ///< The word of the list: a set of its own, otherwise alike.
     bool bUnblockDynamic = false;    ///< May be set during the search.
-    bool bUnblockWithPawns = false;
+    bool bUnblockWithPawns = false;  ///< Black pawns may be followed too.
     bool bUnblockFromFields = true;  ///< The men are known by their initial fields.
     bool bUnblockFixedByUser = false;
     bool bUnblockSuspended = false;  ///< Relaxation sets the bit again in its next step.
@@ -74,7 +77,6 @@ struct TSpecialHeuristics {
     // Key fields
     std::uint8_t KeyField = NoHeuristicField;
     std::uint8_t KeyWhiteFigureField = NoHeuristicField;  ///< The pinning figure.
-    std::uint8_t KeyPinnedField = NoHeuristicField;
     bool bKeyFigureAlternates = false;  ///< Relaxation takes turns with SH_DONTLETFIGUREUNBLOCK.
     std::uint8_t KeyLine = NoHeuristicField;  ///< File, 0 to 7.
     std::uint8_t KeyDiagonalField1 = NoHeuristicField;
@@ -82,15 +84,12 @@ struct TSpecialHeuristics {
     // SH_ZUGZWANGTRIANGLES
     std::int8_t TriangleField1 = -1;
     std::int8_t TriangleField2 = -1;
-    // SH_USEBLOCKBLACKPAWNSLEVEL: Black's pawns stand still at the ply with so many plies left; 0: never.
-    std::uint16_t BlockedPawnsPlies = 0;
     // SH_CAPTUREKNIGHT
-    bool bCaptureKnightVariant = false;
+    bool bCaptureKnightVariant = false;  ///< All knights must fall, not only one.
     // SH_SINGLEQUEENMATE
     std::uint8_t SingleQueenTable = 0;  ///< 0 to 3.
     // SH_SEASNAKE
     bool bSeaSnakeOn = false;
-    bool bSeaSnakeKeepQuick = false;  ///< Dropping it does not force safe mode.
     std::uint8_t SeaSnakeApproachField = NoHeuristicField;
     std::uint8_t SeaSnakeTurnBackField = NoHeuristicField;
     std::uint8_t SeaSnakePendulumField1 = NoHeuristicField;
@@ -100,22 +99,18 @@ struct TSpecialHeuristics {
     TForcedLevel ForcedLevel = TForcedLevel::CheckOnly;
     TForcedLevel ForcedStartLevel = TForcedLevel::CheckOnly;
     bool bForcedCaptures = false;  ///< Captures beside the black king count as forcing (#2 and up).
-    bool bForcedNoEdge = false;    ///< SH_ASSERTBLACKKINGSURROUNDED is off below a forced node.
     bool bForcedInitialPass = false;  ///< The pass with the edge heuristics that comes first.
-    bool bForcedCustom = false;
+    bool bForcedCustom = false;       ///< ForcedRelaxations is the user's own number.
     TForcedWithOthers ForcedWithOthers = TForcedWithOthers::Partially;
-    std::uint8_t ForcedRelaxations = 1;        ///< Weaker levels tried before it is taken off.
-    std::uint8_t ForcedCustomRelaxations = 0;  ///< The same with bForcedCustom.
-    std::uint32_t ForcedInitialSet = 0;        ///< The set that follows the initial pass.
+    std::uint8_t ForcedRelaxations = 1;  ///< Weaker levels tried before it is taken off.
+    std::uint32_t ForcedInitialSet = 0;  ///< The set that follows the initial pass.
     // SH_ZUGZWANG
     std::uint16_t ZugzwangReturnMoves = 0;  ///< Moves after which the position is to return.
     // Relaxation
     bool bLetRelaxHeuristics = true;
-    bool bHeuristicsFallback = false;
-    bool bFallbackPending = false;
+    bool bHeuristicsFallback =
+        false;  ///< Where the king is driven to the edge, the strict edge first.
     bool bRunPassWithoutHeuristics = true;
-    bool bRelaxQueenChecks = true;      ///< Relaxation may drop SH_DONTLETBLACKQUEENCHECKTWICE.
-    bool bRelaxPromotedQueen = true;    ///< Relaxation may drop SH_DONTLETPROMOTEDQUEENMOVE.
     std::uint16_t RelaxationSteps = 0;  ///< Steps of the ladder so far.
     // Men that relaxation may stop following first.
     std::uint8_t RemovableCount = 0;

@@ -11,6 +11,7 @@
 #include "chess/lines.h"
 #include "chess/make_move.h"
 #include "chess/pins.h"
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/free_fields.h"
 #include "engine/heuristics/heuristic_bits.h"
 #include "engine/heuristics/kings_room.h"
@@ -24,14 +25,9 @@ namespace {
 constexpr int StrictLimit = 2;
 constexpr int UsualLimit = 2;
 constexpr int LimitInCheck = 3;
-constexpr TFieldSet SeventhRank = TFieldSet{0xFF} << 48;
 
 bool IsInCheck(const TChessboard& child) {
     return child.m_blackChecker != NoChecker;
-}
-
-bool HasHeavyMan(const TChessboard& board) {
-    return board.m_whiteQueens + board.m_whiteRooks > 0;
 }
 
 bool HasPawnOnSeventh(const TChessboard& board) {
@@ -68,8 +64,8 @@ int LimitOfRoom(const TChessboard& child) {
 }
 
 bool ExceedsSimpleCount(const TChessboard& child, int limit) {
-    const bool bKingsNear = KingDistance(WhiteKingField(child), BlackKingField(child)) <= 3;
-    if (HasHeavyMan(child) && WhiteFigureCount(child) + (bKingsNear ? 1 : 0) >= 3) {
+    const bool bKingsNear = DistanceOfKings(child) <= 3;
+    if (MajorCount(child) > 0 && WhiteFigureCount(child) + (bKingsNear ? 1 : 0) >= 3) {
         return CountFreeFieldsEdgeWeighted(child) > limit;
     }
     return CountFreeFields(child) > limit;

@@ -10,6 +10,7 @@
 #include "engine/heuristics/exchanges.h"
 #include "engine/heuristics/free_fields.h"
 #include "engine/heuristics/heuristic_bits.h"
+#include "engine/heuristics/heuristic_key.h"
 #include "engine/heuristics/line_moves.h"
 #include "engine/heuristics/white_screens.h"
 #include "engine/search/thread_context.h"
@@ -152,8 +153,7 @@ bool IsScreenedBySweepingRook(TChessboard& child) noexcept {
         return true;
     }
     if (EndsSweeping(child)) {
-        // The key stays: what was doubtful under the sweep is still so below.
-        child.m_heuristicFlags.SetRaw(child.m_heuristicFlags.Raw() & ~SH_SWEEPINGWHITEROOK);
+        SetHeuristics(child, child.m_heuristicFlags.Raw() & ~SH_SWEEPINGWHITEROOK);
     }
     return false;
 }

@@ -5,6 +5,7 @@
 #include "chess/generate_moves.h"
 #include "chess/lines.h"
 #include "chess/pins.h"
+#include "engine/heuristics/board_questions.h"
 #include "engine/heuristics/exchanges.h"
 #include "engine/heuristics/line_moves.h"
 #include "engine/search/thread_context.h"
@@ -45,12 +46,9 @@ bool IsAwayFromHome(const TChessboard& board, std::size_t man, int distance) {
 
 TFieldSet BlockedBlackMen(const TChessboard& board, bool bWithPawns) noexcept {
     const TFieldSet pinned = PinnedBlackMen(board);
-    TFieldSet men = board.m_blackMen & ~FieldBit(BlackKingField(board));
-    if (!bWithPawns) {
-        men &= ~board.m_pawns;
-    }
     TFieldSet blocked = 0;
-    while (men != 0) {
+    const TFieldSet pawns = board.m_blackMen & board.m_pawns;
+    for (TFieldSet men = BlackFigures(board) | (bWithPawns ? pawns : 0); men != 0;) {
         const int field = PopLowest(men);
         if (!CanGetAway(board, field, (pinned & FieldBit(field)) != 0)) {
             blocked |= FieldBit(field);

@@ -28,7 +28,7 @@ void TEngineControl::Pause() noexcept {
     if (m_engineState == TEngineState::Run) {
         m_engineState.store(TEngineState::Pause, std::memory_order_release);
     } else if (m_engineState == TEngineState::Stop) {
-        m_previousState = TEngineState::Pause;
+        m_previousState.store(TEngineState::Pause, std::memory_order_release);
     }
 }
 
@@ -37,7 +37,7 @@ void TEngineControl::Resume() noexcept {
     if (m_engineState == TEngineState::Pause) {
         m_engineState.store(TEngineState::Run, std::memory_order_release);
     } else if (m_engineState == TEngineState::Stop) {
-        m_previousState = TEngineState::Run;
+        m_previousState.store(TEngineState::Run, std::memory_order_release);
     }
 }
 
@@ -46,7 +46,7 @@ bool TEngineControl::TryStopThread(std::uint16_t thread) noexcept {
     if (m_engineState == TEngineState::Stop) {
         return false;
     }
-    m_previousState = m_engineState;
+    m_previousState.store(m_engineState, std::memory_order_release);
     m_shTargetThread.store(thread, std::memory_order_release);
     m_engineState.store(TEngineState::Stop, std::memory_order_release);
     return true;

@@ -37,13 +37,20 @@ class TEngineControl {
         return State() == TEngineState::Stop &&
                m_shTargetThread.load(std::memory_order_acquire) == AllThreads;
     }
+    /// The job is paused, also while one of its threads is being stopped.
+    bool IsPaused() const noexcept {
+        const TEngineState state = State();
+        const TEngineState inForce =
+            state == TEngineState::Stop ? m_previousState.load(std::memory_order_acquire) : state;
+        return inForce == TEngineState::Pause || inForce == TEngineState::ManualCommand;
+    }
     std::uint16_t Target() const noexcept {
         return m_shTargetThread.load(std::memory_order_acquire);
     }
 
     /// Every thread leaves its search at its next move.
     void StopAll() noexcept;
-    /// No effect once all are stopped. While one thread is being stopped they take effect behind it.
+    /// No effect once all are stopped. While one thread is being stopped they hold for the others.
     void Pause() noexcept;
     void Resume() noexcept;
 
@@ -62,7 +69,8 @@ class TEngineControl {
     std::atomic<std::uint8_t> m_lock{0};
     std::atomic<TEngineState> m_engineState{TEngineState::Run};
     std::atomic<std::uint16_t> m_shTargetThread{AllThreads};
-    TEngineState m_previousState = TEngineState::Run;  ///< To go back to after a thread's stop.
+    /// To go back to after a thread's stop; set before the stop.
+    std::atomic<TEngineState> m_previousState{TEngineState::Run};
 };
 
 }  // namespace tarnwick

@@ -6,6 +6,7 @@
 #include "engine/heuristics/heuristic_key.h"
 #include "engine/heuristics/position_analysis.h"
 #include "engine/heuristics/relaxation.h"
+#include "engine/heuristics/sea_snake.h"
 #include "engine/heuristics/tracked_men.h"
 
 namespace tarnwick {
@@ -16,7 +17,8 @@ void SetOneColourMode(TChessboard& root, std::uint8_t mode) {
         static_cast<std::uint8_t>((root.m_captureState & ~OneColourMask) | (mode & OneColourMask));
 }
 
-/// What a set needs beside its words: the men to follow, chosen by the user or found, and the key.
+/// What a set needs beside its words: the men to follow, chosen by the user or found, the fields of a sea
+/// snake that no list names, the key, and the marks of the root.
 void PutInForce(const THeuristicSet& set, TThreadContext& thread, TChessboard& root) {
     thread.m_heuristics = set.parameters;
     SetOneColourMode(root, set.oneColourMode);
@@ -26,7 +28,13 @@ void PutInForce(const THeuristicSet& set, TThreadContext& thread, TChessboard& r
         }
         StartFollowing(root, thread.m_heuristics);
     }
+    if ((set.mask & SH_SEASNAKE) != 0) {
+        CompleteSeaSnake(root, thread.m_heuristics);
+    }
     SetHeuristics(root, set.mask);
+    if (set.mask != 0) {
+        MarkForHeuristics(root);
+    }
 }
 
 THeuristicSet SetOf(const TThreadContext& thread, const TChessboard& root) {
@@ -41,12 +49,7 @@ void Analyse(TSolveTask& task, TChessboard& root) {
     TAnalysisOptions options;
     options.bForcedMate = task.m_options.bForcedMatePasses;
     options.tell = [&task](const char* text) { task.Report(task.m_callbacks.onText, text); };
-    root.m_pass = 1;  // The trials are of a pass with heuristics.
-    const std::uint16_t flags = AnalyzePosition(root, false, false, &options);
-    constexpr std::uint16_t OfTheSearch = static_cast<std::uint16_t>(TSearchFlag::BareBlackKing) |
-                                          static_cast<std::uint16_t>(TSearchFlag::LongLightSort);
-    root.m_searchFlags.SetRaw(
-        static_cast<std::uint16_t>(root.m_searchFlags.Raw() | (flags & OfTheSearch)));
+    AnalyzePosition(root, false, false, &options);
 }
 
 }  // namespace
@@ -70,6 +73,7 @@ void ChooseHeuristics(TSolveTask& task, TThreadContext& thread, TChessboard& roo
     }
     thread.m_heuristics.bLetRelaxHeuristics = options.bLetRelaxHeuristics;
     thread.m_heuristics.bRunPassWithoutHeuristics = options.bRunPassWithoutHeuristics;
+    thread.m_heuristics.bHeuristicsFallback |= options.bHeuristicsFallback;
 }
 
 THeuristicRung RungOf(const TThreadContext& thread, const TChessboard& root) {
@@ -78,7 +82,7 @@ THeuristicRung RungOf(const TThreadContext& thread, const TChessboard& root) {
     rung.key = root.m_heuristicKey;
     rung.oneColourMode = root.m_captureState & OneColourMask;
     std::copy(std::begin(root.m_trackedFields), std::end(root.m_trackedFields),
-              std::begin(rung.trackedFields));
+              rung.trackedFields.begin());
     rung.parameters = thread.m_heuristics;
     return rung;
 }
@@ -87,7 +91,7 @@ void TakeRung(const THeuristicRung& rung, TThreadContext& thread, TChessboard& r
     root.m_heuristicFlags.SetRaw(rung.mask);
     root.m_heuristicKey = rung.key;
     SetOneColourMode(root, rung.oneColourMode);
-    std::copy(std::begin(rung.trackedFields), std::end(rung.trackedFields),
+    std::copy(rung.trackedFields.begin(), rung.trackedFields.end(),
               std::begin(root.m_trackedFields));
     thread.m_heuristics = rung.parameters;
 }

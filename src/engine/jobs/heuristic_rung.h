@@ -1,6 +1,7 @@
 #pragma once
 // A set of heuristics with all that a pass needs of it.
 
+#include <array>
 #include <cstdint>
 
 #include "chess/chessboard.h"
@@ -13,9 +14,16 @@ struct THeuristicRung {
     std::uint32_t mask = 0;
     std::uint32_t key = 0;
     std::uint8_t oneColourMode = 0;
-    TField trackedFields[MaxTrackedMen] = {};
+    std::array<TField, MaxTrackedMen> trackedFields = NoFields();
     TSpecialHeuristics parameters;
     bool bTimeDependent = false;  ///< Comes only when all passes before it end early.
+
+  private:
+    static constexpr std::array<TField, MaxTrackedMen> NoFields() {
+        std::array<TField, MaxTrackedMen> fields{};
+        fields.fill(NoField);
+        return fields;
+    }
 };
 
 }  // namespace tarnwick

@@ -4,7 +4,6 @@
 
 #include "chess/chessboard_id.h"
 #include "chess/move_text.h"
-#include "engine/heuristics/heuristic_names.h"
 #include "engine/jobs/solve_task.h"
 #include "engine/search/thread_context.h"
 
@@ -16,8 +15,6 @@ std::mutex g_logLock;
 
 constexpr const char* Unit = "  ";
 constexpr int DeepestIndent = 600;
-/// Reasons from here up are no heuristics but impossible cases.
-constexpr int FirstImpossibleReason = 240;
 
 int PliesPlayed(const TChessboard& child) {
     return child.m_shRootPlies - child.m_shPlies;
@@ -51,18 +48,6 @@ std::string MoveText(const TChessboard& child) {
     return field(move.from) + '-' + field(move.to);
 }
 
-/// The heuristic's name, or what else made the answer doubtful.
-std::string ReasonText(int reason) {
-    if (reason >= FirstImpossibleReason) {
-        return "/impossible (" + std::to_string(reason) + ")";
-    }
-    const std::string number = " (" + std::to_string(reason);
-    if (reason > 0 && reason <= HeuristicBitCount) {
-        return std::string(" ") + HeuristicName(std::uint32_t{1} << (reason - 1)) + number + ")";
-    }
-    return number + " (temp.reg.))";
-}
-
 }  // namespace
 
 std::string LogMoveNumber(const TChessboard& child) {
@@ -78,7 +63,7 @@ std::string LogPassText(const TChessboard& child) {
            ToAlphanum6(TChessboardId::Build(child));
 }
 
-std::string LogResultText(const TChessboard& child, TNodeResult result, int doubtfulReason) {
+std::string LogResultText(const TChessboard& child, TNodeResult result) {
     const std::string head =
         std::to_string(FullMoveNumber(child)) + (WhiteMoved(child) ? "" : " ...");
     switch (result) {
@@ -87,7 +72,7 @@ std::string LogResultText(const TChessboard& child, TNodeResult result, int doub
         case ResultNoMate:
             return head + "no mate";
         case ResultDoubtful:
-            return head + "doubtful" + ReasonText(doubtfulReason);
+            return head + "doubtful";
         case ResultRepetition:
             return head + "position repetition";
         case ResultEndOfFFMDepth:
@@ -119,8 +104,7 @@ void TMovesLogger::LogResult(const TChessboard& child, TNodeResult result) noexc
         return;
     }
     try {
-        Write(Indent(child, result == ResultMate ? 0 : 1) +
-              LogResultText(child, result, m_thread.m_doubtfulReason));
+        Write(Indent(child, result == ResultMate ? 0 : 1) + LogResultText(child, result));
     } catch (...) {
     }
 }

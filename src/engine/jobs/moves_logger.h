@@ -50,6 +50,6 @@ std::string LogMoveNumber(const TChessboard& child);
 /// What stands in place of the position at White's first move: the pass with its heuristics.
 std::string LogPassText(const TChessboard& child);
 /// "4 ...no mate" and the like, without the indent.
-std::string LogResultText(const TChessboard& child, TNodeResult result, int doubtfulReason);
+std::string LogResultText(const TChessboard& child, TNodeResult result);
 
 }  // namespace tarnwick

@@ -199,7 +199,6 @@ void RunPass(TRootSearch& search, TThreadContext& thread, TChessboard& root, int
         const TMove move = search.moves[*i].move;
         search.task.Report(search.task.m_callbacks.onFirstMove, move, static_cast<int>(*i),
                            static_cast<int>(search.moves.size()), pass);
-        thread.m_currentFirstMove = move;
         thread.m_plies[root.m_shPlies].moveIndex = static_cast<std::uint16_t>(*i);
         const TRootResult result = SearchFirstMove(thread, root, move, pass);
         KeepResult(search, thread, *i, result);

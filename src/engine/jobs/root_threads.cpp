@@ -63,12 +63,22 @@ void TRootThreads::ThreadBody(TThreadContext& thread, TChessboard& root, int pas
         ScoutRoot(m_search, thread, root, share);
         tarnwick::RunPass(m_search, thread, root, pass);
     } catch (const std::exception& fault) {  // of a callback: the search itself throws nothing
-        const std::lock_guard guard(m_search.lock);
-        m_search.error = fault.what();
-        ++m_search.task.m_failedThreads;
+        NoteFault(fault.what());
+    } catch (...) {
+        NoteFault("unknown exception");
     }
     TellNodesAndCheckLimits(thread);
     m_search.task.m_running.Remove(thread);
+}
+
+void TRootThreads::NoteFault(const char* text) noexcept {
+    ++m_search.task.m_failedThreads;
+    const std::lock_guard guard(m_search.lock);
+    try {
+        m_search.error = text;
+    } catch (const std::bad_alloc&) {
+        m_search.error = "?";  // Short enough to need no memory.
+    }
 }
 
 void TRootThreads::EndThread() noexcept {
@@ -77,8 +87,7 @@ void TRootThreads::EndThread() noexcept {
     m_ended.notify_one();
 }
 
-/// Threads that cannot be made leave their
-/// moves to those that can; without any the caller's does it all.
+/// Threads that cannot be made leave their moves to those that can; without any the caller's does it all.
 void TRootThreads::RunTogether(int pass, bool bScout) {
     std::vector<std::jthread> threads;
     threads.reserve(m_contexts.size());
@@ -131,8 +140,9 @@ void TRootThreads::TellWaiting() {
                     std::to_string(task.m_problemNumber) + (task.m_bMirrored ? "(m)" : "") +
                         "... " + std::to_string(m_secondsWaited) + " sec(s)...     \r");
     } catch (const std::exception& fault) {
-        const std::lock_guard guard(m_search.lock);
-        m_search.error = fault.what();
+        NoteFault(fault.what());
+    } catch (...) {
+        NoteFault("unknown exception");
     }
 }
 

@@ -29,6 +29,7 @@ class TRootThreads {
     void ThreadBody(TThreadContext& thread, TChessboard& root, int pass,
                     TScoutShare share) noexcept;
     TScoutShare ShareOf(bool bScout, int thread, int threads) const;
+    void NoteFault(const char* text) noexcept;
     void EndThread() noexcept;
     void WaitForAll();
     void TellWaiting();

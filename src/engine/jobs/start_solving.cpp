@@ -97,6 +97,23 @@ bool IsBeforeByFields(TMove a, TMove b) {
     return a.from != b.from ? a.from < b.from : a.to < b.to;
 }
 
+/// Keys are what is wanted, and a search that ended by itself without any left its question open. What
+/// ended before its end was stopped, unless no first move was open any more.
+TSolveStatus StatusOf(const TRootSearch& search, bool bAllSettled, bool bKeys) {
+    if (search.bStopRuleMet) {
+        return TSolveStatus::Mate;
+    }
+    if (bAllSettled) {
+        return bKeys ? TSolveStatus::Mate : TSolveStatus::NoMate;
+    }
+    const bool bEndedByItself = !search.task.IsStopped() && search.error.empty() &&
+                                !search.task.m_options.bRunPassWithoutHeuristics;
+    if (!bEndedByItself) {
+        return TSolveStatus::Stopped;
+    }
+    return bKeys ? TSolveStatus::Mate : TSolveStatus::Open;
+}
+
 TSolveResult Summarise(const TRootSearch& search) {
     TSolveResult result;
     bool bAllSettled = true;
@@ -111,16 +128,9 @@ TSolveResult Summarise(const TRootSearch& search) {
     result.passes = search.passes;
     result.passFound = search.found;
     result.bComplete = bAllSettled && !search.bStopRuleMet;
+    result.status = StatusOf(search, bAllSettled, !result.keys.empty());
     if (search.bStopRuleMet) {
-        result.status = TSolveStatus::Mate;
         result.message = StopRuleText(search.task.m_options, search.solutions);
-    } else if (!bAllSettled && !search.task.IsStopped() && result.keys.empty() &&
-               !search.task.m_options.bRunPassWithoutHeuristics) {
-        result.status = TSolveStatus::Open;
-    } else if (!bAllSettled) {
-        result.status = TSolveStatus::Stopped;
-    } else {
-        result.status = result.keys.empty() ? TSolveStatus::NoMate : TSolveStatus::Mate;
     }
     if (!search.error.empty()) {
         result.message = ThreadErrorText(search.task.m_problemNumber, search.error);
@@ -143,7 +153,36 @@ void AskForThreads(TSolveTask& task, TThreadContext& thread, int advised) {
     task.m_startMs += NowMs() - before;
 }
 
+/// The search throws nothing, but what it calls back may: then what was found until there is the answer.
+int SearchRoot(TRootSearch& search, bool bAllowForce) {
+    try {
+        return FindMateAtRoot(search, bAllowForce);
+    } catch (const ChessException&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& fault) {
+        search.error = fault.what();
+    } catch (...) {
+        search.error = "unknown exception";
+    }
+    return 0;
+}
+
+/// The contexts of a job point to it, so they end with its run.
+class CContextsOfRun {
+  public:
+    explicit CContextsOfRun(TSolveTask& task) : m_task(task) {}
+    ~CContextsOfRun() { m_task.m_pContexts.reset(); }
+    CContextsOfRun(const CContextsOfRun&) = delete;
+    CContextsOfRun& operator=(const CContextsOfRun&) = delete;
+
+  private:
+    TSolveTask& m_task;
+};
+
 TSolveResult RunJob(TSolveTask& task, const TChessboard& position) {
+    const CContextsOfRun contexts(task);
     const std::size_t memoryMiB =
         PositionMemoryMiB(task.m_options, task.m_shPlies,
                           MostThreads(task.m_threadCount, task.m_multithreadingLevels));
@@ -159,7 +198,7 @@ TSolveResult RunJob(TSolveTask& task, const TChessboard& position) {
     ChooseHeuristics(task, *thread, root);
     {
         TRootSearch search{.task = task, .thread = *thread, .root = root};
-        const int advised = FindMateAtRoot(search, task.m_callbacks.onThreadAdvice != nullptr);
+        const int advised = SearchRoot(search, task.m_callbacks.onThreadAdvice != nullptr);
         if (advised == 0) {
             TellNodesAndCheckLimits(*thread);
             return Summarise(search);
@@ -167,7 +206,7 @@ TSolveResult RunJob(TSolveTask& task, const TChessboard& position) {
         AskForThreads(task, *thread, -advised);
     }
     TRootSearch search{.task = task, .thread = *thread, .root = root};
-    FindMateAtRoot(search, false);
+    SearchRoot(search, false);
     TellNodesAndCheckLimits(*thread);
     return Summarise(search);
 }
@@ -203,7 +242,6 @@ TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int mov
     SettleOptions(task, moves);
     try {
         TSolveResult result = RunJob(task, position);
-        task.m_pContexts.reset();
         result.nodes = task.m_nodes;
         result.workNodes = task.m_workNodes;
         result.elapsedMs = static_cast<std::uint64_t>(NowMs() - task.m_startMs);
@@ -215,6 +253,10 @@ TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int mov
         return Refusal(refused.what());
     } catch (const std::bad_alloc&) {
         return Refusal(UserText(OutOfMemoryText));
+    } catch (const std::exception& fault) {  // of a callback, before or behind the search
+        return Refusal(ThreadErrorText(task.m_problemNumber, fault.what()));
+    } catch (...) {
+        return Refusal(ThreadErrorText(task.m_problemNumber, "unknown exception"));
     }
 }
 

@@ -14,7 +14,7 @@
 namespace tarnwick {
 
 enum class TSolveStatus : std::uint8_t {
-    Mate,    ///< Keys were found. With all keys wanted and no limit reached, they are all of them.
+    Mate,    ///< Keys were found; bComplete says whether they are all of them.
     NoMate,  ///< None was found; a proof in safe mode.
     /// Every pass that was wanted has ended and found nothing, and none of them can prove that there is
     /// nothing: the pass without heuristics was switched off.
@@ -26,7 +26,7 @@ enum class TSolveStatus : std::uint8_t {
 struct TSolveResult {
     TSolveStatus status = TSolveStatus::Refused;
     std::vector<TMove> keys;         ///< First moves, in the order of the board's fields.
-    bool bComplete = false;          ///< No limit, stop or stop rule cut the list of keys short.
+    bool bComplete = false;          ///< Every first move was settled; no stop rule was met.
     bool bSafeMode = true;           ///< Whether "no mate" is a proof.
     bool bFromResultsCache = false;  ///< Nothing was searched: an earlier run had the answer.
     std::vector<TPassReport> passes;
@@ -44,7 +44,8 @@ struct TSolveResult {
 inline constexpr int TasksLimit = 64;
 
 /// Solves "White mates in `moves`" from the fields of `position`. What solve_task.h says the caller fills
-/// must be filled. Never throws for a bad position: it is refused with its message.
+/// must be filled. Never throws: a bad position is refused with its message, and an exception of a callback
+/// ends the search and becomes the message.
 TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int moves);
 
 /// The same on the board mirrored a-h, as a second opinion; the keys come back as moves of `position`. The

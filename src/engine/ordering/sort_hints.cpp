@@ -75,9 +75,9 @@ void TSortHints::UseVariant(const TChessboard& start, const TVariant& variant) {
     }
 }
 
-TSortHints HintsOfProblem(const TChessProblem& problem) {
+TSortHints HintsOfProblem(const TChessProblem& problem, bool bMainVariant) {
     TSortHints hints(problem.m_sortIndications);
-    if (problem.m_shOptions.Has(TProblemOption::UseMainVariant)) {
+    if (bMainVariant || problem.m_shOptions.Has(TProblemOption::UseMainVariant)) {
         for (const auto& [text, variant] : problem.m_variants) {
             if (IsMainVariantName(variant.m_name)) {
                 hints.UseVariant(*problem.m_pBoard, variant);

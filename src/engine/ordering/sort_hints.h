@@ -51,7 +51,8 @@ class TSortHints {
     bool Takes(std::size_t item, const TChessboard& board, const TMoveInfo& info) const noexcept;
 };
 
-/// The hints of a problem: its sort indications, and its main variant where the problem asks for it.
-TSortHints HintsOfProblem(const TChessProblem& problem);
+/// The hints of a problem: its sort indications, and its main variant where the problem asks for it or
+/// bMainVariant says so.
+TSortHints HintsOfProblem(const TChessProblem& problem, bool bMainVariant);
 
 }  // namespace tarnwick

@@ -38,10 +38,7 @@ bool IsDoubtfulDefence(TChessboard& child) {
     if (child.m_pass != 1) {
         return false;
     }
-    if (child.m_heuristicFlags.HasAny(SH_ONECOLORPLAYPOSSIBLE) &&
-        (child.m_captureState & OneColourMask) == 0) {
-        SeparateOppositeBishops(child);
-    }
+    SeparateOppositeBishops(child);
     return IsCutAfterBlack(child);
 }
 
@@ -58,7 +55,7 @@ std::optional<TNodeResult> AnswerFromStores(const TNode& node, TChessboard& chil
         case TRegisterResult::NoMate:
             return ResultNoMate;
         case TRegisterResult::NoMateUnderHeuristics:
-            return child.m_pass < 2 ? std::optional(ResultDoubtful) : std::nullopt;
+            return child.m_pass == 1 ? std::optional(ResultDoubtful) : std::nullopt;
         default:
             return std::nullopt;
     }
@@ -143,7 +140,8 @@ bool DefenceHolds(TNode& node, TMove move, bool bKnownLegal) {
 
 template <class TNode>
 bool WasTried(const TNode& node, TMove move) {
-    return move.SameAs(node.tried[0]) || move.SameAs(node.tried[1]);
+    // No hint is a pass, and that of a king on a1 looks like the empty move.
+    return !move.IsPass() && (move.SameAs(node.tried[0]) || move.SameAs(node.tried[1]));
 }
 
 template <class TNode>
@@ -206,6 +204,13 @@ bool AnyHoldsByFigures(TNode& node) {
     return false;
 }
 
+/// A tempo move of the bishop that was taken off.
+template <class TNode>
+bool PassHolds(TNode& node) {
+    const TMove pass = MakePass(static_cast<TField>(BlackKingField(node.board)));
+    return AnyHolds(node, &pass, 1, true);
+}
+
 /// True when the node is decided.
 template <class TNode>
 bool AnyMoveHolds(TNode& node) {
@@ -213,6 +218,9 @@ bool AnyMoveHolds(TNode& node) {
         return true;
     }
     const bool bInCheck = node.board.m_blackChecker != NoChecker;
+    if (!bInCheck && IsBishopTakenOff(node.board) && PassHolds(node)) {
+        return true;
+    }
     if (node.plies < 4 && !bInCheck) {
         return AnyHoldsByFigures(node);
     }
@@ -226,10 +234,6 @@ bool AnyMoveHolds(TNode& node) {
     if (order.bRefuted) {
         node.answer = ResultNoMate;
         return true;
-    }
-    if (IsOneColourPlay(node.board) && !bInCheck) {
-        // A tempo move of the bishop that was taken off.
-        moves[order.count++] = MakePass(static_cast<TField>(BlackKingField(node.board)));
     }
     node.bLegalMove = node.bLegalMove || order.count > 0;
     return AnyHolds(node, moves, order.count, true);
@@ -249,10 +253,13 @@ TNodeResult RunBlackNode(TChessboard& board) {
     if (AnyMoveHolds(node)) {
         return node.answer;
     }
-    if (node.bLegalMove || board.m_blackChecker != NoChecker) {
+    if (board.m_blackChecker != NoChecker) {
         return ResultMate;
     }
-    return ResultNoMate;  // Stalemate.
+    if (IsBishopTakenOff(board)) {
+        return MayBlackBeStalemated(board) ? ResultDoubtful : ResultMate;
+    }
+    return node.bLegalMove ? ResultMate : ResultNoMate;  // The latter is stalemate.
 }
 
 }  // namespace

@@ -15,10 +15,7 @@ constexpr std::chrono::milliseconds PollEvery{10};
 
 bool WaitOrLeave(TThreadContext& thread) noexcept {
     while (!IsStopRequested(thread)) {
-        const TEngineState state = thread.m_task.m_control.State();
-        const bool bJobPaused =
-            state == TEngineState::Pause || state == TEngineState::ManualCommand;
-        if (bJobPaused) {
+        if (thread.m_task.m_control.IsPaused()) {
             std::this_thread::sleep_for(PollEvery);
         } else if (thread.m_pauseFlag.load(std::memory_order_relaxed) == 1) {
             thread.m_pauseFlag.wait(1);  // Hundreds of threads may wait for their turn: none polls.

@@ -4,6 +4,7 @@
 
 #include "chess/castling.h"
 #include "chess/chessboard.h"
+#include "engine/heuristics/one_colour_play.h"
 #include "engine/search/node_result.h"
 #include "engine/search/thread_context.h"
 #include "registers/aggregated_register.h"
@@ -21,18 +22,12 @@ struct TKnowable {
     bool bRegister = false;
 };
 
-/// Neither store knows of castling or en passant. The register is kept out of the simplified game on one
-/// colour of fields; the memory of anything but the plain game.
+/// Neither store knows of castling or en passant, nor of the simplified game on one colour of fields.
 inline TKnowable WhatMayBeKnown(const TChessboard& board) noexcept {
-    TKnowable may;
-    if (!IsPositionFullyDescribed(board)) {
-        return may;
+    if (!IsPositionFullyDescribed(board) || IsOneColourPlay(board) || IsBishopTakenOff(board)) {
+        return {};
     }
-    const int mode = board.m_captureState & OneColourMask;
-    may.bMemory = mode == 0;
-    may.bRegister =
-        Thread(board).m_pRegister != nullptr && (mode == 0 || mode == SeparatedBlackBishop);
-    return may;
+    return {.bMemory = true, .bRegister = Thread(board).m_pRegister != nullptr};
 }
 
 /// For a white node with so many plies left. QuickerMate is a mate within the additional moves.

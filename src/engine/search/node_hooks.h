@@ -1,5 +1,5 @@
 #pragma once
-// Where precalculated tables enter the nodes, and recognisers that need them. Each hook answers "nothing
+// Where precalculated tables enter the nodes. Each hook answers "nothing
 // known, go on" until its subsystem stands behind it; a compiler removes it without a trace.
 
 #include <optional>
@@ -10,7 +10,7 @@
 namespace tarnwick {
 
 /// Bits of m_heuristicFlags that the nodes test before they call a hook.
-inline constexpr std::uint32_t HeuristicsWithGenerators = 0x88400018;
+inline constexpr std::uint32_t HeuristicsWithGenerators = 0x88400008;
 inline constexpr std::uint32_t HeuristicsThatForbidSorting = 0x000800C4;
 inline constexpr std::uint32_t HeuristicUnsorted = 0x00020000;
 
@@ -23,18 +23,6 @@ inline std::optional<TNodeResult> AskGlobalRegister(TChessboard&) noexcept {
 
 /// Precalculated data exist for the position, so that no shorter mate need be looked for.
 inline bool HasGlobalData(const TChessboard&) noexcept {
-    return false;
-}
-
-// ---- Quicker mate
-
-/// A recogniser of whole lines, run once per deepening.
-inline bool MatesByWholeLine(TChessboard& /*child*/) noexcept {
-    return false;
-}
-
-/// Last tests when the deepening found nothing: a pawn about to queen, a lone queen near the king.
-inline bool MatesByLastChance(TChessboard& /*child*/, int /*limit*/) noexcept {
     return false;
 }
 

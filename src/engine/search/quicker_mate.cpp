@@ -5,7 +5,6 @@
 
 #include "engine/search/engine_state.h"
 #include "engine/search/find_mate.h"
-#include "engine/search/node_hooks.h"
 
 namespace tarnwick {
 namespace {
@@ -27,13 +26,9 @@ int DeepeningLimit(const TChessboard& child) {
 void SetAdditionalMoves(TThreadContext& thread, const TChessboard& child, int k, int limit) {
     const int spareMoves = (child.m_shPlies - k) / 2;
     if (thread.m_quickerMateNesting > 1) {
-        thread.m_additionalMovesSoFar += spareMoves;
-        if (thread.m_additionalMoves != 0) {
-            thread.m_additionalMoves += spareMoves;
-        }
+        thread.m_additionalMoves += thread.m_additionalMoves != 0 ? spareMoves : 0;
         return;
     }
-    thread.m_additionalMovesSoFar = spareMoves;
     const bool bLastSteps = k + 6 > limit;
     const bool bStart = k + 6 == limit && child.m_shPlies - k >= 15 &&
                         !child.m_searchFlags.Has(TSearchFlag::GlobalRegisterMayHold);
@@ -59,33 +54,25 @@ bool MatesWithin(TThreadContext& thread, TChessboard& child, int k) {
 
 bool LookForQuickerMate(TChessboard& child) noexcept {
     TThreadContext& thread = Thread(child);
-    if (thread.m_bQuickerMateOff) {
-        return false;
-    }
     const int additionalBefore = thread.m_additionalMoves;
-    const int additionalSoFarBefore = thread.m_additionalMovesSoFar;
     const std::uint64_t nodesBefore = thread.m_nodes;
     if (thread.m_quickerMateNesting++ == 0) {
         thread.m_quickerMateStartPlies = child.m_shPlies;
         thread.m_nodesAtQuickerMate = nodesBefore;
     }
     const int limit = DeepeningLimit(child);
-    bool bMate = child.m_pass < 2 && MatesByWholeLine(child);
+    bool bMate = false;
     for (int k = 1; k <= limit && !bMate && !IsStopRequested(thread); k += 2) {
         const int additional = thread.m_additionalMoves;
-        const int additionalSoFar = thread.m_additionalMovesSoFar;
         SetAdditionalMoves(thread, child, k, limit);
         bMate = MatesWithin(thread, child, k);
         if (thread.m_quickerMateNesting > 1) {
             thread.m_additionalMoves = additional;
-            thread.m_additionalMovesSoFar = additionalSoFar;
         }
     }
-    bMate = bMate || (limit <= LongestQuickerMate && MatesByLastChance(child, limit));
     --thread.m_quickerMateNesting;
     thread.m_nodes = nodesBefore;
     thread.m_additionalMoves = thread.m_quickerMateNesting == 0 ? 0 : additionalBefore;
-    thread.m_additionalMovesSoFar = thread.m_quickerMateNesting == 0 ? 0 : additionalSoFarBefore;
     return bMate;
 }
 

@@ -20,7 +20,6 @@ void TThreadContext::StartAsChildOf(const TThreadContext& parent, std::uint16_t 
     m_pHooks = parent.m_pHooks;
     m_whiteCaptured = parent.m_whiteCaptured;
     m_blackCaptured = parent.m_blackCaptured;
-    m_currentFirstMove = parent.m_currentFirstMove;
     m_heuristics = parent.m_heuristics;
     m_shAlternateFrom = NoAlternate;
     m_repetitionLimit.fill(0);
@@ -32,9 +31,7 @@ void TThreadContext::StartAsChildOf(const TThreadContext& parent, std::uint16_t 
     m_pPresetMoveList = nullptr;
     m_quickerMateNesting = 0;
     m_additionalMoves = 0;
-    m_additionalMovesSoFar = 0;
     m_bUsedAdditionalMoves = false;
-    m_bQuickerMateOff = parent.m_bQuickerMateOff;
     m_bMateCapturedPromotion = false;
 }
 

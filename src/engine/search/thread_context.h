@@ -22,8 +22,7 @@ inline constexpr int MostLevelsPerThread = 12;
 
 /// What the progress display and the scheduler need to know of a ply of the line in hand.
 struct TPlyState {
-    std::uint16_t moveIndex = 0;     ///< In the ordered list.
-    std::uint16_t displayIndex = 0;  ///< As shown to the user.
+    std::uint16_t moveIndex = 0;  ///< In the ordered list.
     std::uint16_t moveCount = 0;
     const TMove* pMoves = nullptr;  ///< On the stack of the node; valid while it runs.
 };
@@ -54,16 +53,15 @@ struct TThreadContext : TBoardStack {
     TThreadLevel* m_pOwnLevel = nullptr;  ///< The one that this thread takes its turns in; or null.
     TChessboard m_forkBoard{};            ///< Where this thread's search begins.
     TMove m_mateOfSlice{};                ///< White's mating move in a node with preset moves.
-    TMove m_currentFirstMove{};
     std::array<TPlyState, MaxPlies> m_plies{};
 
     TAggregatedTemporaryChessboardRegister* m_pRegister = nullptr;  ///< The job's; null: not used.
     std::unique_ptr<TMovesLogger> m_pLogger;  ///< Null unless moves are logged.
-    /// Why the last answer was doubtful, for the log: the number of a heuristic, or of a pass.
-    int m_doubtfulReason = 0;
 
-    TSpecialHeuristics m_heuristics;  ///< Parameters of the pass; a copy of the job's.
-    bool m_bInForcedLevel = false;    ///< Working below a node of forcing moves only.
+    /// Parameters of the pass. Those of the root's thread are relaxed between passes, and each thread
+    /// begins a pass, or a fork, with a copy.
+    TSpecialHeuristics m_heuristics;
+    bool m_bInForcedLevel = false;  ///< Working below a node of forcing moves only.
 
     // Moves handed to this thread in place of a node's own list; the node takes them and clears them.
     int m_presetMoveCount = 0;
@@ -73,11 +71,9 @@ struct TThreadContext : TBoardStack {
     // or table knows of, because so many plies are truly left.
     int m_quickerMateNesting = 0;
     int m_additionalMoves = 0;
-    int m_additionalMovesSoFar = 0;
     int m_quickerMateStartPlies = 0;
     std::uint64_t m_nodesAtQuickerMate = 0;  ///< m_nodes where the outermost one began.
     bool m_bUsedAdditionalMoves = false;
-    bool m_bQuickerMateOff = false;
     /// White's last mate answered a promotion by capturing the promoted figure.
     bool m_bMateCapturedPromotion = false;
 

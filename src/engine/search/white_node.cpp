@@ -1,6 +1,8 @@
 // White to move: one move that mates against everything is enough. The steps stand in a fixed order:
 // registers, leaf, memory, moves in stages, the loop over them, and what to tell when it is over.
 
+#include <utility>
+
 #include "chess/evasions.h"
 #include "chess/generate_moves.h"
 #include "chess/lines.h"
@@ -8,7 +10,6 @@
 #include "chess/mate_in_one.h"
 #include "engine/heuristics/dynamic_heuristics.h"
 #include "engine/heuristics/heuristic_generators.h"
-#include "engine/heuristics/heuristic_key.h"
 #include "engine/heuristics/one_colour_play.h"
 #include "engine/heuristics/pass_checks.h"
 #include "engine/heuristics/search_hooks.h"
@@ -19,6 +20,7 @@
 #include "engine/search/known_positions.h"
 #include "engine/search/node_hooks.h"
 #include "engine/search/repetition.h"
+#include "engine/search/search_scopes.h"
 #include "engine/threads/multithreading_level.h"
 #include "engine/threads/thread_level.h"
 
@@ -36,6 +38,17 @@ enum class TNodeStep : std::uint8_t {
     Leave
 };
 
+/// The part of White's moves that a thread of a level was handed in place of all; empty otherwise.
+struct TSlice {
+    const TMove* pMoves;
+    int count;
+};
+
+/// Nodes below must not find the slice again, so it leaves the thread.
+TSlice TakeSlice(TThreadContext& thread) {
+    return {thread.m_pPresetMoveList, std::exchange(thread.m_presetMoveCount, 0)};
+}
+
 /// A white node at work. The twin that logs is another type, so that the log costs nothing when off.
 template <bool bLogger>
 struct TWhiteNode {
@@ -44,13 +57,16 @@ struct TWhiteNode {
     TChessboard& board;
     TThreadContext& thread;
     int plies;
-    bool bPreset;   ///< Sees only a slice of White's moves: nothing may be stored.
+    TSlice slice;
     TKnowable may;  ///< Where its answer may be stored.
     int doubtful = 0;
     int repetitions = 0;
     int index = 0;  ///< Moves tried, over all batches.
     TMove mate{};
     std::array<TMove, TOrderHints::HintsPerNode> tried{};
+
+    /// Sees only a part of White's moves: nothing may be stored.
+    bool HasSlice() const { return slice.count > 0; }
 };
 
 /// Near the leaves ordering costs more than it saves; far from them it is the best spent time.
@@ -97,25 +113,16 @@ TChessboard* MakeMove(TNode& node, TMove move) {
     return child;
 }
 
-/// The black king has just come to the edge: a stricter set may do for what is left.
-template <bool bLogger>
-bool MatesByFallback(TChessboard& child) {
-    const CStrictEdgeScope scope(child);
-    return (bLogger ? FindMateBlackToMoveLogged(child) : FindMateBlackToMove(child)) == ResultMate;
-}
-
 template <bool bLogger>
 TNodeResult SearchReply(TThreadContext& thread, TChessboard& child) {
-    if (MayFallBack(child) && MatesByFallback<bLogger>(child)) {
-        return ResultMate;
-    }
     if constexpr (bLogger) {
         thread.m_pLogger->LogMove(child);
-        const TNodeResult result = FindMateBlackToMoveLogged(child);
+        const TNodeResult result =
+            MatesByFallback(child) ? ResultMate : FindMateBlackToMoveLogged(child);
         thread.m_pLogger->LogResult(child, result);
         return result;
     }
-    return FindMateBlackToMove(child);
+    return MatesByFallback(child) ? ResultMate : FindMateBlackToMove(child);
 }
 
 /// What the search behind a move means for the node.
@@ -207,8 +214,7 @@ bool MayUseThreads(const TNode& node) {
     const TChessboard& board = node.board;
     const int movesPlayed = (board.m_shRootPlies - board.m_shPlies) / 2;
     return movesPlayed > 0 && movesPlayed < node.thread.m_task.m_multithreadingLevels &&
-           node.thread.m_quickerMateNesting == 0 && !node.thread.m_bQuickerMateOff &&
-           node.thread.m_shAlternateFrom == NoAlternate &&
+           node.thread.m_quickerMateNesting == 0 && node.thread.m_shAlternateFrom == NoAlternate &&
            (node.plies >= 13 ||
             (node.plies >= 11 && board.m_searchFlags.Has(TSearchFlag::FewFigures)));
 }
@@ -309,14 +315,6 @@ TNodeStep SearchEvasions(TNode& node) {
     return SearchList(node, moves, count);
 }
 
-template <class TNode>
-TNodeStep SearchPreset(TNode& node) {
-    const TMove* pMoves = node.thread.m_pPresetMoveList;
-    const int count = node.thread.m_presetMoveCount;
-    node.thread.m_presetMoveCount = 0;
-    return SearchList(node, pMoves, count);
-}
-
 /// A heuristic's short list; nothing when it has none. Moves left out make the node doubtful.
 template <class TNode>
 std::optional<TNodeStep> SearchHeuristicMoves(TNode& node) {
@@ -335,8 +333,8 @@ std::optional<TNodeStep> SearchHeuristicMoves(TNode& node) {
 
 template <class TNode>
 TNodeStep SearchAllMoves(TNode& node) {
-    if (node.bPreset) {
-        return SearchPreset(node);
+    if (node.HasSlice()) {
+        return SearchList(node, node.slice.pMoves, node.slice.count);
     }
     if (const auto step = SearchHeuristicMoves(node)) {
         return *step;
@@ -364,7 +362,7 @@ TNodeResult FinishWithMate(TNode& node) {
         thread.m_hints.Note(node.board, node.mate);
     }
     thread.m_mateOfSlice = node.mate;
-    if (!node.bPreset) {
+    if (!node.HasSlice()) {
         const int additional = thread.m_bUsedAdditionalMoves ? 2 * thread.m_additionalMoves : 0;
         StoreKnownMate(node.board, node.may, node.plies + additional, node.mate);
     }
@@ -385,12 +383,12 @@ TNodeResult FinishWithoutMate(TNode& node) {
         return ResultRepetition;
     }
     if (node.doubtful == 0 && limit == 0) {
-        if (!node.bPreset) {
+        if (!node.HasSlice()) {
             StoreKnownNoMate(node.board, node.may);
         }
         return ResultNoMate;
     }
-    if (node.doubtful > 0 && !node.bPreset) {
+    if (node.doubtful > 0 && !node.HasSlice()) {
         StoreKnownDoubtful(node.board, node.may);
     }
     return node.doubtful > 0 || node.board.m_heuristicFlags.Raw() != 0 ? ResultDoubtful
@@ -424,7 +422,7 @@ std::optional<TNodeResult> AskKnown(TChessboard& board, TKnowable may) {
         case TRegisterResult::NoMate:
             return ResultNoMate;
         case TRegisterResult::NoMateUnderHeuristics:
-            return board.m_pass < 2 ? std::optional(ResultDoubtful) : std::nullopt;
+            return board.m_pass == 1 ? std::optional(ResultDoubtful) : std::nullopt;
         default:
             return std::nullopt;
     }
@@ -449,7 +447,7 @@ template <bool bLogger>
 TNodeResult RunWhiteNode(TChessboard& board, bool bConsultRegisters) {
     TThreadContext& thread = Thread(board);
     const int plies = board.m_shPlies;
-    const bool bPreset = thread.m_presetMoveCount != 0;
+    const TSlice slice = TakeSlice(thread);
     if (board.m_searchFlags.Has(TSearchFlag::GlobalRegisterMayHold)) {
         if (const auto answer = AskGlobalRegister(board)) {
             return *answer;
@@ -474,11 +472,12 @@ TNodeResult RunWhiteNode(TChessboard& board, bool bConsultRegisters) {
     if (const auto answer = AnswerBeforeMoves(board)) {
         return *answer;
     }
-    if (WantsKingHunt(board) && MatesByKingHunt<bLogger>(board, bConsultRegisters)) {
+    if (slice.count == 0 && WantsKingHunt(board) &&
+        MatesByKingHunt<bLogger>(board, bConsultRegisters)) {
         return ResultMate;
     }
     TWhiteNode<bLogger> node{
-        .board = board, .thread = thread, .plies = plies, .bPreset = bPreset, .may = may};
+        .board = board, .thread = thread, .plies = plies, .slice = slice, .may = may};
     if (SearchAllMoves(node) == TNodeStep::Mate) {
         return FinishWithMate(node);
     }
@@ -490,11 +489,8 @@ TNodeResult RunWhiteNode(TChessboard& board, bool bConsultRegisters) {
 
 template <bool bLogger>
 bool MatesByKingHunt(TChessboard& board, bool bConsultRegisters) {
-    const std::uint32_t mask = board.m_heuristicFlags.Raw();
-    SetHeuristics(board, mask | SH_KEEPKINGONTHEEDGE);
-    const TNodeResult result = RunWhiteNode<bLogger>(board, bConsultRegisters);
-    SetHeuristics(board, mask);
-    return result == ResultMate;
+    const CHeuristicsScope held(board, board.m_heuristicFlags.Raw() | SH_KEEPKINGONTHEEDGE);
+    return RunWhiteNode<bLogger>(board, bConsultRegisters) == ResultMate;
 }
 
 }  // namespace

@@ -269,11 +269,7 @@ void TLevel::StopOne(TThreadRecord& record) {
 /// This thread has been told to stop: its children go first.
 TNodeResult TLevel::StopChildrenOfStopped() {
     for (const auto& record : m_records) {
-        if (m_thread.m_pauseFlag.load(std::memory_order_relaxed) > 1) {
-            record->m_pContext->m_pauseFlag.store(2, std::memory_order_relaxed);
-        } else {
-            StopOne(*record);
-        }
+        StopOne(*record);
     }
     WaitForAll();
     return ResultNoMate;

@@ -9,6 +9,7 @@
 #include "chess/escape_check.h"
 #include "chess/pins.h"
 #include "engine/heuristics/heuristic_bits.h"
+#include "engine/heuristics/pass_checks.h"
 #include "engine/search/engine_state.h"
 #include "engine/search/find_mate.h"
 #include "engine/threads/context_pool.h"
@@ -45,8 +46,7 @@ bool IsForcing(const TChessboard& child) {
 }
 
 bool IsPaused(const TThreadContext& thread) {
-    const TEngineState state = thread.m_task.m_control.State();
-    return state == TEngineState::Pause || state == TEngineState::ManualCommand ||
+    return thread.m_task.m_control.IsPaused() ||
            thread.m_pauseFlag.load(std::memory_order_relaxed) == 1;
 }
 
@@ -203,7 +203,8 @@ void TThreadLevel::ThreadProc(TSlot& slot, TThreadPriority priority) noexcept {
     if (priority != TThreadPriority::Normal) {
         SetPriorityOfThisThread(priority);
     }
-    const TNodeResult result = FindMateBlackToMove(thread.m_forkBoard);
+    const TNodeResult result =
+        MatesByFallback(thread.m_forkBoard) ? ResultMate : FindMateBlackToMove(thread.m_forkBoard);
     TellNodesAndCheckLimits(thread);
     const std::lock_guard guard(m_task.m_levelsLock);
     slot.m_result = result;
