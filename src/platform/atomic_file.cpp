@@ -1,6 +1,6 @@
 // The steps of a save, and what a crash behind each of them leaves:
 //   1. write the content to a new file in the same folder    old file, stray new file
-//   2. flush it to the disk                                  old file, stray new file
+//   2. flush it to the disk, read it back and compare        old file, stray new file
 //   3. link the old file to the backup's name                old file, and the same as backup
 //   4. rename the new file over the old one                  old or new file, never between
 //   5. flush the folder, which holds the names               new file, also after a power failure
@@ -19,6 +19,7 @@
 #include <random>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "base/chess_exception.h"
 #include "base/encoding.h"
@@ -31,6 +32,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int MaxLinksFollowed = 40;  // as the kernel's own limit
+constexpr int MaxBackupNames = 9;
 constexpr mode_t PermissionBits = 07777;
 /// Large enough that a write's fixed cost does not count.
 constexpr std::size_t BufferSize = 256 * 1024;
@@ -146,11 +148,33 @@ int WriteAll(int descriptor, std::string_view content) {
     return 0;
 }
 
+/// Step 2: 0 if the file holds exactly this content, EIO if another, else the error of reading.
+int CompareContent(int descriptor, std::string_view content) {
+    std::vector<char> buffer(BufferSize);
+    off_t offset = 0;
+    while (true) {
+        const ssize_t count = ::pread(descriptor, buffer.data(), buffer.size(), offset);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count <= 0) {
+            return count < 0 ? errno : (content.empty() ? 0 : EIO);
+        }
+        const std::string_view read(buffer.data(), static_cast<std::size_t>(count));
+        if (!content.starts_with(read)) {
+            return EIO;
+        }
+        content.remove_prefix(read.size());
+        offset += count;
+    }
+}
+
 /// Step 1, but for the content: makes the new file with the rights of the old one. Throws if it cannot.
 int MakeNewFile(const fs::path& path, const fs::path& name, const std::optional<struct stat>& old) {
     // Nobody else may look into the successor of a private file, also while it is written.
     const mode_t mode = old ? S_IRUSR | S_IWUSR : mode_t{0666};
-    const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    // Read too, for the comparison of step 2.
+    const int descriptor = ::open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     const int error = descriptor < 0 ? errno : 0;
     if (error != 0) {
         ThrowCannotSave(path, error);
@@ -158,10 +182,16 @@ int MakeNewFile(const fs::path& path, const fs::path& name, const std::optional<
     return descriptor;
 }
 
-/// Step 3. A file system without hard links gets a copy.
-int KeepBackup(const fs::path& target) {
+/// PATH.BAK, then PATH.BAK2 and so on.
+fs::path BackupName(const fs::path& target, int number) {
     fs::path backup = target;
-    backup += ".BAK";
+    backup += ".BAK" + (number == 1 ? "" : std::to_string(number));
+    return backup;
+}
+
+/// Step 3. A file system without hard links gets a copy. A name that cannot be replaced, because it is
+/// a folder say, makes way for one with a number.
+int KeepBackup(const fs::path& target) {
     const fs::path name = StrayNameIn(FolderOf(target));
     // Also removes the second link that a rename leaves when both names are the same file already,
     // as they are after a crash between the steps 3 and 4.
@@ -173,7 +203,12 @@ int KeepBackup(const fs::path& target) {
             return error.value();
         }
     }
-    return ::rename(name.c_str(), backup.c_str()) == 0 ? 0 : errno;
+    for (int number = 1; number <= MaxBackupNames; ++number) {
+        if (::rename(name.c_str(), BackupName(target, number).c_str()) == 0) {
+            return 0;
+        }
+    }
+    return errno;
 }
 
 /// Step 5. Some file systems cannot flush a folder and say EINVAL; a folder that may be written but
@@ -251,8 +286,19 @@ void CAtomicFileWriter::Overwrite(std::uint64_t offset, std::string_view bytes) 
 }
 
 void CAtomicFileWriter::Commit() {
+    Commit(nullptr);
+}
+
+void CAtomicFileWriter::Commit(std::string_view expected) {
+    Commit(&expected);
+}
+
+void CAtomicFileWriter::Commit(const std::string_view* pExpected) {
     Write(m_pFiles->buffer);
     int error = ::fsync(m_pFiles->file.Number()) == 0 ? 0 : errno;
+    if (error == 0 && pExpected != nullptr) {
+        error = CompareContent(m_pFiles->file.Number(), *pExpected);
+    }
     const int closeError = m_pFiles->file.Close();
     error = error != 0 ? error : closeError;
     if (error == 0 && m_pFiles->old && m_pFiles->backup == TBackup::Keep) {
@@ -272,7 +318,13 @@ void CAtomicFileWriter::Commit() {
 void SaveFileAtomically(const fs::path& path, std::string_view content, TBackup backup) {
     CAtomicFileWriter writer(path, backup);
     writer.Append(content);
-    writer.Commit();
+    writer.Commit(content);
+}
+
+void KeepBackupOf(const fs::path& path) {
+    if (const int error = KeepBackup(FollowLinks(path)); error != 0) {
+        ThrowCannotSave(path, error);
+    }
 }
 
 }  // namespace tarnwick

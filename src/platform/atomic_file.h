@@ -15,7 +15,8 @@ namespace tarnwick {
 
 enum class TBackup {
     None,
-    /// The content before this save stays as PATH.BAK, replacing the backup before it.
+    /// The content before this save stays as PATH.BAK, replacing the backup before it; as PATH.BAK2 to
+    /// PATH.BAK9 if that name cannot be replaced.
     Keep
 };
 
@@ -24,14 +25,19 @@ enum class TBackup {
 /// A symbolic link is followed and stays a link; file and backup stand beside its target. Mode and,
 /// where the system lets us, owner of an existing file are kept. A file without write permission is
 /// refused, although its folder would let us replace it. A kill in the middle may leave a stray
-/// ".tarnwick-..." in the folder and no other trace.
+/// ".tarnwick-..." in the folder and no other trace. The new content is read back and compared before it
+/// takes the old one's place.
 ///
 /// Throws ChessException naming the file and the reason. The file then has its old content; only if
 /// the last step failed, the flush of the folder, it has the new one.
 void SaveFileAtomically(const std::filesystem::path& path, std::string_view content,
                         TBackup backup = TBackup::None);
 
-/// The same for content that comes bit by bit and may not fit into memory: a new file beside the old one
+/// Keeps the present content as SaveFileAtomically does with TBackup::Keep, and saves nothing. Throws
+/// ChessException naming the file and the reason.
+void KeepBackupOf(const std::filesystem::path& path);
+
+/// SaveFileAtomically for content that comes bit by bit and may not fit into memory: a new file beside the old one
 /// takes what is appended, and Commit puts it into the old one's place. One thread at a time.
 ///
 /// Construction, Append and Commit throw as SaveFileAtomically does, and a failed Append makes all that
@@ -51,10 +57,13 @@ class CAtomicFileWriter {
 
     /// Flushes to the disk, keeps the backup, replaces the file. At most once, and the last call.
     void Commit();
+    /// The same, but refuses a file that does not read back as these bytes.
+    void Commit(std::string_view expected);
 
   private:
     struct TFiles;
     void Write(std::string_view bytes);
+    void Commit(const std::string_view* pExpected);
 
     std::unique_ptr<TFiles> m_pFiles;
 };

@@ -98,11 +98,13 @@ TEST(AtomicFile, FailedBackupLeavesTheFileAsItWas) {
     const CTempFolder folder;
     const fs::path path = folder / "problems.cp";
     WriteBytes(path, "old");
-    fs::create_directory(folder / "problems.cp.BAK");
+    for (const std::string number : {"", "2", "3", "4", "5", "6", "7", "8", "9"}) {
+        fs::create_directory(folder / ("problems.cp.BAK" + number));
+    }
     const std::string refusal = RefusalOf(path, "new", TBackup::Keep);
     EXPECT_NE(refusal.find(path.string()), std::string::npos) << refusal;
     EXPECT_EQ(ReadBytes(path), "old");
-    EXPECT_EQ(folder.Count(), 2U);
+    EXPECT_EQ(folder.Count(), 10U);
 }
 
 TEST(AtomicFile, KeepsTheModeOfTheFile) {
@@ -204,6 +206,32 @@ TEST(AtomicFile, FullDiskLeavesTheOldFileAlone) {
     EXPECT_EQ(status, 0);
     EXPECT_EQ(ReadBytes(path), old);
     EXPECT_EQ(folder.Count(), 1U) << "neither backup nor stray file";
+}
+
+TEST(AtomicFile, BackupWhoseNameIsTakenGetsANumber) {
+    const CTempFolder folder;
+    const fs::path path = folder / "problems.cp";
+    WriteBytes(path, "old");
+    fs::create_directories(folder / "problems.cp.BAK" / "full");
+    SaveFileAtomically(path, "new", TBackup::Keep);
+    EXPECT_EQ(ReadBytes(path), "new");
+    EXPECT_EQ(ReadBytes(folder / "problems.cp.BAK2"), "old");
+    KeepBackupOf(path);
+    EXPECT_EQ(ReadBytes(folder / "problems.cp.BAK2"), "new");
+    EXPECT_EQ(folder.Count(), 3U);
+}
+
+TEST(AtomicFileWriter, RefusesToCommitWhatDoesNotReadBackAsExpected) {
+    const CTempFolder folder;
+    const fs::path path = folder / "problems.cp";
+    WriteBytes(path, "old");
+    for (const char* const expected : {"new", "newer and newer", "newest"}) {
+        CAtomicFileWriter writer(path, TBackup::Keep);
+        writer.Append("newer");
+        EXPECT_THROW(writer.Commit(expected), ChessException) << expected;
+    }
+    EXPECT_EQ(ReadBytes(path), "old");
+    EXPECT_EQ(folder.Count(), 1U);
 }
 
 TEST(AtomicFileWriter, GathersPiecesOfAllSizesAndReplacesTheFileOnlyAtTheCommit) {

@@ -37,11 +37,5 @@ TEST(ThreadPriority, StepsBackWithoutPullingItsMakerAlong) {
     EXPECT_EQ(StepsBack(), 0);
 }
 
-TEST(ThreadPriority, GoesDownToIdleAndStaysThere) {
-    EXPECT_EQ(OneStepLower(TThreadPriority::TimeCritical), TThreadPriority::Highest);
-    EXPECT_EQ(OneStepLower(TThreadPriority::Lowest), TThreadPriority::Idle);
-    EXPECT_EQ(OneStepLower(TThreadPriority::Idle), TThreadPriority::Idle);
-}
-
 }  // namespace
 }  // namespace tarnwick
