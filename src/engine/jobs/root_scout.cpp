@@ -29,8 +29,9 @@ constexpr std::uint64_t MostBudget = 25'000'000;
 /// With heuristics a job has many scouts.
 constexpr std::uint64_t BudgetsOfAll = 4;
 
-/// The first turn of the scout that looks at all moves. What it solves then needs no other.
-constexpr std::uint64_t FirstTurn = 150'000;
+/// The longest first turn of the scout that looks at all moves, two seconds or so. Nearly all that is solved at
+/// all is solved in it; only what is left is worth the turns of others.
+constexpr std::uint64_t FirstTurn = 500'000;
 /// First turn of all others, and how turns grow from round to round. The scout of all moves has turns as
 /// long as those of all others together: half of the work is always that of the one that needs no luck.
 constexpr std::uint64_t TurnOfFirstRound = 15'000;
@@ -157,7 +158,8 @@ class TScoutTeam {
         if (m_plans.size() == 1 && !m_plans[0]->filter.IsOn() && m_plans[0]->pRung == nullptr) {
             return TakesTurn(*m_plans[0], m_budget);
         }
-        if (!m_plans.empty() && m_plans[0] == &m_all[0] && TakesTurn(*m_plans[0], FirstTurn)) {
+        const std::uint64_t first = std::min(FirstTurn, m_budget / BudgetsOfAll);
+        if (!m_plans.empty() && m_plans[0] == &m_all[0] && TakesTurn(*m_plans[0], first)) {
             return true;
         }
         for (std::uint64_t turn = TurnOfFirstRound; MayGoOn(); turn *= GrowthPerRound) {
