@@ -18,6 +18,7 @@ MAY_INCLUDE = {
     "registers": ["base", "platform", "chess"],
     "engine": ["base", "platform", "chess", "problems", "registers"],
     "cli": ["base", "platform", "chess", "problems", "registers", "engine"],
+    "app": ["base", "platform", "chess", "problems", "registers", "engine"],
 }
 
 # Written into the build folder from these templates.
@@ -29,9 +30,28 @@ ASSERT_SWITCH = re.compile(r"^\s*(?:!?\s*defined\s*\(?)?\s*NDEBUG\b")
 OF_THE_SYSTEM = re.compile(r"^(sys|linux|netinet|arpa)/|^(unistd|fcntl|signal|pthread|dirent|termios|"
                            r"poll|dlfcn|sched|windows)\.h$|^csignal$")
 
+# The one folder that knows the toolkit; nothing else may know this folder.
+SHELL = "app/shell/"
+OF_THE_TOOLKIT = re.compile(r"^Q[A-Z]|^Qt|^q[a-z]+\.h$")
 
-def include_fault(source, folder, kind, name):
+
+def shell_fault(path, kind, name):
+    """The fault of an #include outside the shell that reaches for it or for its toolkit, or None."""
+    if path.startswith(SHELL):
+        return None
+    if kind == "<" and OF_THE_TOOLKIT.search(name):
+        return f"<{name}> belongs to the toolkit: only {SHELL} may include it"
+    if kind == '"' and name.startswith(SHELL):
+        return f'"{name}" stands above everything: only {SHELL} may include it'
+    return None
+
+
+def include_fault(source, path, kind, name):
     """The fault of one #include, or None."""
+    folder = path.split("/")[0]
+    fault = shell_fault(path, kind, name)
+    if fault:
+        return fault
     if kind == "<":
         if folder != "platform" and OF_THE_SYSTEM.search(name):
             return f"<{name}> belongs to the operating system: only platform/ may call it"
@@ -46,11 +66,12 @@ def include_fault(source, folder, kind, name):
     return None
 
 
-def line_fault(source, folder, line):
+def line_fault(source, path, line):
     """The fault of one line, or None."""
+    folder = path.split("/")[0]
     include = INCLUDE.match(line)
     if include:
-        return include_fault(source, folder, include[1], include[2])
+        return include_fault(source, path, include[1], include[2])
     condition = CONDITION.match(line)
     if condition and folder != "platform" and not ASSERT_SWITCH.match(condition[1]):
         return "conditional compilation belongs to platform/"
@@ -67,7 +88,7 @@ def file_faults(source, path):
     if path.suffix == ".h" and "#pragma once" not in lines:
         yield 1, "a header begins with #pragma once"
     for number, line in enumerate(lines, 1):
-        fault = line_fault(source, folder, line)
+        fault = line_fault(source, path.relative_to(source).as_posix(), line)
         if fault:
             yield number, fault
 

@@ -73,6 +73,17 @@ class LayersTest(CheckCase):
         self.write("src/chess/move.cpp", "#if defined(_WIN32)\n#endif\n")
         self.assert_fault("src/chess/move.cpp:1", "conditional compilation")
 
+    def test_toolkit_stays_in_the_shell(self):
+        shell = "#pragma once\n#include <QPainter>\n#include <QtCore/QString>\n"
+        self.write("src/app/shell/board.h", shell)
+        self.write("src/app/shell/main.cpp", '#include "app/shell/board.h"\n')
+        self.assertEqual(self.check("check_layers.py")[0], 0)
+        for name in ("<QString>", "<QtWidgets/QWidget>", "<qglobal.h>", '"app/shell/board.h"'):
+            for place in ("src/app/solving/session.cpp", "src/app/shell_words.cpp"):
+                self.write(place, f"#include <queue>\n#include {name}\n")
+                self.assert_fault(f"{place}:2", "only app/shell/")
+                self.write(place, "\n")
+
     def test_folder_that_the_table_does_not_know(self):
         self.write("src/novel/thing.cpp", "\n")
         self.assert_fault("src/novel/thing.cpp:1", "no line in the table")

@@ -1,0 +1,246 @@
+#include "app/document/crash_journal.h"
+
+#include <sstream>
+#include <string_view>
+#include <utility>
+
+#include "base/chess_exception.h"
+#include "platform/atomic_file.h"
+#include "platform/clock.h"
+#include "platform/live_process.h"
+
+#include "app/document/document_texts.h"
+#include "app/document/filled_text.h"
+#include "engine/heuristics/heuristic_names.h"
+#include "problems/cp_file_reader.h"
+#include "problems/cp_writer.h"
+
+namespace tarnwick {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view NamePrefix = "unsaved-";
+constexpr std::string_view NameEnd = ".cp";
+constexpr std::string_view FileLine = "// unsaved edits of: ";
+constexpr std::string_view RemovedLine = "// removed:";
+
+/// A file's name may hold anything, a line of comment no line end.
+std::string Escaped(const std::string& name) {
+    std::string escaped;
+    for (const char c : name) {
+        if (c == '\n' || c == '\r' || c == '%') {
+            escaped += c == '\n' ? "%n" : c == '\r' ? "%r" : "%%";
+        } else {
+            escaped += c;
+        }
+    }
+    return escaped;
+}
+
+std::string Unescaped(std::string_view escaped) {
+    std::string name;
+    for (std::size_t i = 0; i < escaped.size(); ++i) {
+        if (escaped[i] == '%' && i + 1 < escaped.size()) {
+            const char code = escaped[++i];
+            name += code == 'n' ? '\n' : code == 'r' ? '\r' : code;
+        } else {
+            name += escaped[i];
+        }
+    }
+    return name;
+}
+
+/// The rest of the first line that begins like this; nothing if there is none in front of the problems.
+std::optional<std::string> HeadLine(const std::string& text, std::string_view begin) {
+    std::istringstream lines(text);
+    std::string line;
+    for (int i = 0; i < 3 && std::getline(lines, line); ++i) {
+        if (line.starts_with(begin)) {
+            return line.substr(begin.size());
+        }
+    }
+    return std::nullopt;
+}
+
+/// The process that wrote the file; empty for a file that is no journal.
+std::string ProcessOf(const fs::path& path) {
+    const std::string name = path.filename().string();
+    if (!name.starts_with(NamePrefix) || !name.ends_with(NameEnd)) {
+        return {};
+    }
+    const std::size_t end = name.find('.');
+    return name.substr(NamePrefix.size(), end - NamePrefix.size());
+}
+
+std::vector<fs::path> JournalsOfTheDead(const fs::path& folder) {
+    std::vector<fs::path> journals;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string process = ProcessOf(entry->path());
+        if (!process.empty() && !IsProcessAlive(process)) {
+            journals.push_back(entry->path());
+        }
+    }
+    return journals;
+}
+
+void RemoveQuietly(const fs::path& path) {
+    std::error_code ignored;
+    fs::remove(path, ignored);
+}
+
+bool IsSameFile(const fs::path& a, const fs::path& b) {
+    std::error_code ignored;
+    return a == b || fs::equivalent(a, b, ignored);
+}
+
+/// Opens the file that the work belongs to. If it is gone, the recovered problems become a new one.
+bool OpenFileOf(const TLostWork& work, CDocument& document, const TFileHost& host) {
+    std::error_code ignored;
+    if (IsSameFile(work.problemFile, document.Path())) {
+        return true;
+    }
+    if (fs::exists(work.problemFile, ignored)) {
+        return OpenProblemFile(document, work.problemFile, host);
+    }
+    if (!StopSolvingOnRequest(host) || !SettleUnsavedChanges(document, host)) {
+        return false;
+    }
+    document.Watch().Clear();
+    document.Replace(work.problemFile, std::make_unique<TProblemList>(), {});
+    return true;
+}
+
+}  // namespace
+
+std::string JournalText(const CDocument& document) {
+    std::string text = "UTF-8\n" + std::string(FileLine) + Escaped(document.Path().string()) +
+                       '\n' + std::string(RemovedLine);
+    for (const int id : document.RemovedIds()) {
+        text += ' ' + std::to_string(id);
+    }
+    text += '\n';
+    for (const int id : document.UnsavedIds()) {
+        text += '\n' + ProblemToText(*document.Problems().Find(id));
+    }
+    return text;
+}
+
+std::optional<TLostWork> ReadJournal(const std::string& text) {
+    const std::optional<std::string> file = HeadLine(text, FileLine);
+    const std::optional<std::string> removed = HeadLine(text, RemovedLine);
+    if (!file || !removed) {
+        return std::nullopt;
+    }
+    TLostWork work{.problemFile = Unescaped(*file),
+                   .removed = {},
+                   .pChanged = std::make_unique<TProblemList>()};
+    std::istringstream ids(*removed);
+    for (int id = 0; ids >> id;) {
+        work.removed.insert(id);
+    }
+    try {
+        ReadProblemText(text, "", *work.pChanged, {.heuristicBitOfName = &HeuristicBitOfName});
+    } catch (const ChessException&) {
+        // What stands in front of the damage is still worth having.
+    }
+    return work;
+}
+
+void ApplyLostWork(CDocument& document, TLostWork work) {
+    std::set<int> changed;
+    for (const TChessProblem* pChanged : work.pChanged->Problems()) {
+        const int id = pChanged->m_id;
+        changed.insert(id);
+        if (document.Problems().Find(id) == nullptr) {
+            document.Add(work.pChanged->Remove(id));
+        } else {
+            document.EditProblem(
+                id, [&](TChessProblem& problem) { RestoreState(problem, StateOf(*pChanged)); });
+        }
+    }
+    // Last, so that new problems get the numbers that they had.
+    for (const int id : work.removed) {
+        if (!changed.contains(id)) {
+            document.Take(id);
+        }
+    }
+}
+
+CCrashJournal::CCrashJournal(fs::path folder)
+    : m_folder(std::move(folder)),
+      m_path(m_folder / (std::string(NamePrefix) + NameOfThisProcess() + std::string(NameEnd))),
+      m_nLastTryMs(NowMs() - IntervalMs) {}
+
+bool CCrashJournal::Update(const CDocument& document) {
+    if (document.Revision() == m_nWrittenRevision || NowMs() - m_nLastTryMs < IntervalMs) {
+        return true;
+    }
+    return WriteNow(document);
+}
+
+bool CCrashJournal::WriteNow(const CDocument& document) {
+    m_nLastTryMs = NowMs();
+    if (!document.HasUnsavedChanges()) {
+        RemoveQuietly(m_path);
+        m_nWrittenRevision = document.Revision();
+        return true;
+    }
+    try {
+        std::error_code ignored;  // saving tells
+        fs::create_directories(m_folder, ignored);
+        SaveFileAtomically(m_path, JournalText(document));
+    } catch (const ChessException&) {
+        return false;
+    }
+    m_nWrittenRevision = document.Revision();
+    return true;
+}
+
+void CCrashJournal::Close() {
+    RemoveQuietly(m_path);
+}
+
+bool CCrashJournal::OfferLostWork(CDocument& document, const TFileHost& host) {
+    bool bRecovered = false;
+    int number = 0;
+    for (const fs::path& journal : JournalsOfTheDead(m_folder)) {
+        fs::path taken = m_path;
+        taken.replace_extension("." + std::to_string(++number) + std::string(NameEnd));
+        std::error_code error;
+        fs::rename(journal, taken, error);
+        if (!error) {
+            bRecovered |= Recover(taken, document, host);
+        }
+    }
+    return bRecovered;
+}
+
+bool CCrashJournal::Recover(const fs::path& journal, CDocument& document, const TFileHost& host) {
+    std::optional<TLostWork> work;
+    try {
+        work = ReadJournal(ReadFileText(journal));
+    } catch (const ChessException&) {
+    }
+    if (!work) {
+        return false;
+    }
+    const std::size_t count = work->pChanged->Size() + work->removed.size();
+    if (!host.dialog.Ask(FilledText(
+            LostWorkText, {FileNameForMessage(work->problemFile), std::to_string(count)}))) {
+        RemoveQuietly(journal);
+        return false;
+    }
+    if (!OpenFileOf(*work, document, host)) {
+        return false;  // the journal has this process's name now: it is offered again after its end
+    }
+    ApplyLostWork(document, *std::move(work));
+    if (WriteNow(document)) {
+        RemoveQuietly(journal);
+    }
+    return true;
+}
+
+}  // namespace tarnwick

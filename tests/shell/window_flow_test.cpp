@@ -1,0 +1,169 @@
+// The whole window as its user has it: files, moves by mouse, a solve, variants, languages.
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QMenuBar>
+
+#include "app/document/variants.h"
+#include "app/shell/text_dialog.h"
+#include "app/view/legal_moves.h"
+#include "problems/cp_writer.h"
+#include "window_support.h"
+
+namespace tarnwick {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path SampleFile = TARNWICK_SAMPLE_FILE;
+
+bool SolveToEnd(TTestWindow& test) {
+    test.pWindow->Run(TCommand::Solve);
+    // The key is played when its flash is over.
+    return QTest::qWaitFor(
+        [&] { return !test.pWindow->Solving().IsRunning() && test.Line().Ply() == 1; }, 60'000);
+}
+
+bool AnswerTextDialog(const QString& text) {
+    auto* const pDialog = qobject_cast<CTextDialog*>(QApplication::activeModalWidget());
+    if (pDialog == nullptr) {
+        return false;
+    }
+    pDialog->Box()->setText(text);
+    pDialog->accept();
+    return true;
+}
+
+std::map<int, std::string> TextsOf(CDocument& document) {
+    std::map<int, std::string> texts;
+    for (const int id : document.Ids()) {
+        texts[id] = ProblemToText(*document.Problems().Find(id));
+    }
+    return texts;
+}
+
+TEST(WindowFlow, SolvesPlaysCommentsSavesAndReopens) {
+    TTestWindow test;
+    const fs::path file = test.folder / "samples.cp";
+    fs::copy_file(SampleFile, file);
+    test.Open(file);
+    CDocument& document = test.Workbench().Document();
+    std::map<int, std::string> texts = TextsOf(document);
+    ASSERT_GT(texts.size(), 20U);
+    ASSERT_EQ(test.Problem().m_id, 1);
+
+    ASSERT_TRUE(SolveToEnd(test));
+    const TMove key = test.pWindow->Board().Board().m_lastMove;
+    EXPECT_TRUE(key.SameAs(test.Problem().m_answers.at(0)));
+
+    const TMove reply = LegalMoves(test.Line().Board()).front();
+    ClickMove(test.pWindow->Board(), reply);
+    ASSERT_EQ(test.Line().Ply(), 2);
+
+    test.pWindow->Run(TCommand::SaveMainVariant);
+    test.pWindow->Run(TCommand::CommentLastMove);
+    ASSERT_TRUE(AnswerTextDialog("the pawn must move"));
+    EXPECT_TRUE(document.HasUnsavedChanges());
+    test.pWindow->Run(TCommand::SaveFile);
+    EXPECT_FALSE(document.HasUnsavedChanges());
+    texts[1] = ProblemToText(test.Problem());
+
+    TTestWindow again;
+    again.Open(file);
+    EXPECT_EQ(TextsOf(again.Workbench().Document()), texts);
+    const TVariant& variant = again.Problem().m_variants.at(*FindMainVariant(again.Problem()));
+    ASSERT_EQ(variant.m_entries.size(), 2U);
+    EXPECT_TRUE(variant.m_entries[0].m_move.SameAs(key));
+    EXPECT_EQ(variant.m_entries[1].m_comment, L"the pawn must move");
+    EXPECT_TRUE(fs::exists(file.string() + ".BAK"));
+}
+
+TEST(WindowFlow, BrowsesWhileSolvingAndPlaysNothingOnTheWrongBoard) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    test.pWindow->Run(TCommand::Solve);
+    test.pWindow->Run(TCommand::NextProblem);
+    ASSERT_EQ(test.Problem().m_id, 2);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !test.pWindow->Solving().IsRunning(); }, 60'000));
+    QTest::qWait(1000);  // longer than the flash
+    EXPECT_EQ(test.Line().Ply(), 0);
+    EXPECT_NE(test.pWindow->BottomBar().Status().indexOf("1"), -1);
+}
+
+TEST(WindowFlow, UndoBringsBackCutMovesAndThenEdits) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    const std::string before = ProblemToText(test.Problem());
+    test.pWindow->Run(TCommand::ShiftUp);
+    if (ProblemToText(test.Problem()) == before) {
+        test.pWindow->Run(TCommand::SwapColours);
+    }
+    ASSERT_NE(ProblemToText(test.Problem()), before);
+    test.pWindow->Run(TCommand::UndoChange);
+    EXPECT_EQ(ProblemToText(test.Problem()), before);
+
+    const std::vector<TMove> moves = LegalMoves(test.Line().Board());
+    ClickMove(test.pWindow->Board(), moves[0]);
+    test.pWindow->Run(TCommand::MoveBack);
+    ClickMove(test.pWindow->Board(), moves[1]);
+    EXPECT_TRUE(test.Line().Board().m_lastMove.SameAs(moves[1]));
+    test.pWindow->Run(TCommand::UndoChange);
+    test.pWindow->Run(TCommand::RedoMove);
+    EXPECT_TRUE(test.Line().Board().m_lastMove.SameAs(moves[0]));
+}
+
+TEST(WindowFlow, EveryCommandThatCanBeHadHasAnAction) {
+    TTestWindow test;
+    for (const TCommand command : AllCommands()) {
+        const bool bNever = command == TCommand::TypeSelfmate || command == TCommand::TypeHelpmate;
+        EXPECT_TRUE(!IsBuilt(command) || bNever || test.pWindow->Dispatcher().Has(command))
+            << static_cast<int>(command);
+    }
+}
+
+TEST(WindowFlow, LanguageReachesMenusAndOptionsFile) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    const auto firstMenu = [&] { return test.pWindow->menuBar()->actions().front()->text(); };
+    test.pWindow->Run(TCommand::Polish);
+    EXPECT_EQ(firstMenu(), "&Plik");
+    std::ifstream options(test.folder / "options.ini");
+    const std::string text{std::istreambuf_iterator<char>(options), {}};
+    EXPECT_NE(text.find("LanguageId=0"), std::string::npos);
+    test.pWindow->Run(TCommand::English);
+    EXPECT_EQ(firstMenu(), "&File");
+}
+
+TEST(WindowFlow, ClosingWithUnsavedChangesCanBeCancelled) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    test.pWindow->Run(TCommand::NewProblem);
+    test.dialog.m_saveAnswer = TSaveAnswer::Cancel;
+    EXPECT_FALSE(test.pWindow->close());
+    EXPECT_TRUE(test.pWindow->isVisible());
+    test.dialog.m_saveAnswer = TSaveAnswer::Discard;
+    EXPECT_TRUE(test.pWindow->close());
+}
+
+TEST(WindowFlow, AMissingOwnFileIsMadeAndADamagedOneIsTold) {
+    TTestWindow own;
+    own.Open({});
+    EXPECT_EQ(own.Workbench().Document().Count(), 1U);
+    EXPECT_TRUE(fs::exists(own.folder / "myChessProblems.cp"));
+
+    TTestWindow damaged;
+    std::ofstream(damaged.folder / "damaged.cp")
+        << "UTF-8\n1 #2\n{ FEN: kbK5/pp6/1P6/8/8/8/8/R7 }\n2 #";
+    damaged.Open(damaged.folder / "damaged.cp");
+    EXPECT_EQ(damaged.Workbench().Document().Count(), 1U);
+    EXPECT_EQ(damaged.dialog.m_told.size(), 1U);
+
+    TTestWindow missing;
+    missing.Open(missing.folder / "missing.cp");
+    EXPECT_EQ(missing.dialog.m_told.size(), 1U);
+    missing.pWindow->Run(TCommand::Solve);  // nothing to solve, and no crash
+}
+
+}  // namespace
+}  // namespace tarnwick

@@ -1,0 +1,143 @@
+// Makes the pictures of docs/pictures: builds the window, brings it into a state worth seeing, and saves
+// what it shows. tools/screenshots.sh runs it on a virtual screen; somebody then has to look at them.
+//
+// Usage: window_pictures FOLDER [NAME], where NAME asks for one picture of the window alone
+
+#include <QMenu>
+#include <QMenuBar>
+#include <iostream>
+
+#include "app/document/variants.h"
+#include "app/view/legal_moves.h"
+#include "window_support.h"
+
+namespace tarnwick {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path SampleFile = TARNWICK_SAMPLE_FILE;
+
+class CPictures {
+  public:
+    explicit CPictures(fs::path folder) : m_folder(std::move(folder)) {}
+
+    void Save(QWidget& widget, const std::string& name) const {
+        QTest::qWait(300);
+        const fs::path path = m_folder / (name + ".png");
+        if (!widget.grab().save(QString::fromStdString(path.string()))) {
+            std::cerr << "cannot save " << path << '\n';
+        }
+    }
+
+  private:
+    fs::path m_folder;
+};
+
+void WaitForSolve(TTestWindow& test) {
+    if (!QTest::qWaitFor([&] { return !test.pWindow->Solving().IsRunning(); }, 60'000)) {
+        std::cerr << "the solve does not end\n";
+    }
+    QTest::qWait(1200);
+}
+
+void PlaySomeMoves(TTestWindow& test, int nCount) {
+    for (int i = 0; i < nCount; ++i) {
+        const std::vector<TMove> moves = LegalMoves(test.Line().Board());
+        if (moves.empty() || !test.Workbench().Play(moves.front())) {
+            return;
+        }
+    }
+}
+
+void TakeLine(const CPictures& pictures) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    pictures.Save(*test.pWindow, "loaded_problem");
+
+    test.pWindow->Run(TCommand::Solve);
+    WaitForSolve(test);
+    pictures.Save(*test.pWindow, "result");
+
+    PlaySomeMoves(test, 1);
+    test.pWindow->Run(TCommand::SaveMainVariant);
+    test.Workbench().Edit([&](TChessProblem& problem) {
+        SetMoveComment(problem, test.Line().Moves(),
+                       L"Black is in zugzwang: every move lets a mate in");
+        AddTag(problem, L"Classic");
+    });
+    test.pWindow->Run(TCommand::SelectProblemFromList);
+    pictures.Save(*test.pWindow, "line_with_comments");
+    for (QWidget* const pWidget : QApplication::topLevelWidgets()) {
+        if (auto* const pList = qobject_cast<CProblemListDialog*>(pWidget)) {
+            pictures.Save(*pList, "problem_list");
+        }
+    }
+}
+
+void TakeSolve(const CPictures& pictures) {
+    TTestWindow test;
+    std::ofstream(test.folder / "long.cp")
+        << "UTF-8\n7 #9\n{\n\tDesc: A game position, for which nine moves are a long way\n"
+           "\tFEN: r1bqk2r/pp1n1ppp/2p1pn2/3p4/2PP4/2N1PN2/PPQ1BPPP/R1B1K2R\n}\n";
+    test.Open(test.folder / "long.cp");
+    test.pWindow->Run(TCommand::Solve);
+    QTest::qWait(4000);
+    pictures.Save(*test.pWindow, "running_solve");
+    test.pWindow->Run(TCommand::ResizeProgressPanel);
+    QTest::qWait(1000);
+    pictures.Save(*test.pWindow, "running_solve_large_panel");
+    test.pWindow->Run(TCommand::StopSolving);
+    WaitForSolve(test);
+}
+
+void TakeDark(const CPictures& pictures) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    PlaySomeMoves(test, 2);
+    test.pWindow->SetDarkColours(true);
+    test.pWindow->resize(1000, 800);
+    pictures.Save(*test.pWindow, "dark");
+    test.pWindow->SetDarkColours(false);
+}
+
+/// The menus of a language, each open.
+void TakeMenus(const CPictures& pictures, TCommand language, const std::string& name) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    test.pWindow->Run(language);
+    pictures.Save(*test.pWindow, "window_" + name);
+    const QList<QAction*> menus = test.pWindow->menuBar()->actions();
+    for (const int index : {1, 2}) {
+        QMenu* const pMenu = menus.at(index)->menu();
+        pMenu->popup(test.pWindow->mapToGlobal(QPoint(20, 20)));
+        pictures.Save(*pMenu, "menu_" + name + "_" + std::to_string(index));
+        pMenu->close();
+    }
+    test.pWindow->Run(TCommand::English);
+}
+
+}  // namespace
+}  // namespace tarnwick
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setStyle("Fusion");
+    if (argc < 2) {
+        std::cerr << "window_pictures FOLDER [NAME]\n";
+        return 2;
+    }
+    const tarnwick::CPictures pictures(argv[1]);
+    if (argc > 2) {  // at another scale one picture is enough
+        tarnwick::TTestWindow test;
+        test.Open(tarnwick::SampleFile);
+        pictures.Save(*test.pWindow, argv[2]);
+        return 0;
+    }
+    tarnwick::TakeLine(pictures);
+    tarnwick::TakeSolve(pictures);
+    tarnwick::TakeDark(pictures);
+    tarnwick::TakeMenus(pictures, tarnwick::TCommand::Polish, "polish");
+    tarnwick::TakeMenus(pictures, tarnwick::TCommand::Ukrainian, "ukrainian");
+    return 0;
+}
