@@ -176,6 +176,7 @@ void CMainWindow::ConnectWidgets() {
     connect(m_pMoves, &CMovesPanel::plyWanted, this, [this](int nPly) { m_playing.GoToPly(nPly); });
     connect(m_pMoves, &CMovesPanel::remainingMovesChanged, this, &CMainWindow::ShowLine);
     connect(m_pMoves, &CMovesPanel::contextMenuWanted, this, openMenu);
+    connect(m_pMoves, &CMovesPanel::commandWanted, this, run);
     connect(m_pBoard, &CBoardWidget::typedTextChanged, m_pStrip, &CMessageStrip::ShowTyped);
     connect(m_pStrip, &CMessageStrip::moveTyped, this, [this](const QString& text) {
         if (m_playing.PlayTyped(text)) {

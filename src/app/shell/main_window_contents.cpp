@@ -5,29 +5,10 @@
 #include "problems/file_text.h"
 
 namespace tarnwick {
-namespace {
-
-QString StipulationText(const TChessProblem& problem) {
-    const QString moves = QString::number(MovesOfStipulation(problem));
-    switch (problem.m_type) {
-        case TProblemType::DirectMate:
-            return "#" + moves;
-        case TProblemType::SelfMate:
-            return "s#" + moves;
-        default:
-            return {};
-    }
-}
-
-}  // namespace
 
 void CMainWindow::ShowTitle() {
-    TTitle title;
-    if (const TChessProblem* const pProblem = m_workbench.Document().Current()) {
-        title.number = QString("%1: %2").arg(pProblem->m_id).arg(StipulationText(*pProblem));
-        title.description = QString::fromStdWString(pProblem->m_description);
-    }
-    m_pTitleBar->ShowTitle(title);
+    const TChessProblem* const pProblem = m_workbench.Document().Current();
+    m_pTitleBar->ShowTitle(pProblem != nullptr ? TitleOf(*pProblem) : TTitle{});
     PlaceParts();
 }
 

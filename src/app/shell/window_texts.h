@@ -28,7 +28,7 @@ inline constexpr TUserText ProblemFilesFilter = {.pl = "Zadania szachowe (*.cp *
                                                  .uk = "Шахові задачі (*.cp *.epd)"};
 inline constexpr TUserText AllFilesFilter = {
     .pl = "Wszystkie pliki (*)", .en = "All files (*)", .uk = "Усі файли (*)"};
-inline constexpr TUserText SavedText = {.pl = "Zapisano plik %s liczba zadań: %d",
+inline constexpr TUserText SavedText = {.pl = "Zapisano plik %s, liczba zadań: %d",
                                         .en = "File %s saved, number of problems: %d",
                                         .uk = "Файл %s збережено, кількість задач: %d"};
 inline constexpr TUserText NoSamplesText = {
