@@ -113,6 +113,14 @@ bool OpenFileOf(const TLostWork& work, CDocument& document, const TFileHost& hos
     return true;
 }
 
+/// Whoever knows the format may still find in it what could not be read. The name is offered no more.
+void KeepDamaged(const fs::path& journal, const TFileHost& host) {
+    const fs::path kept = fs::path(journal) += ".damaged";
+    std::error_code ignored;
+    fs::rename(journal, kept, ignored);
+    host.dialog.Tell(FilledText(DamagedJournalText, {kept.string()}));
+}
+
 }  // namespace
 
 std::string JournalText(const CDocument& document) {
@@ -144,7 +152,7 @@ std::optional<TLostWork> ReadJournal(const std::string& text) {
     try {
         ReadProblemText(text, "", *work.pChanged, {.heuristicBitOfName = &HeuristicBitOfName});
     } catch (const ChessException&) {
-        // What stands in front of the damage is still worth having.
+        work.bDamaged = true;
     }
     return work;
 }
@@ -236,8 +244,11 @@ bool CCrashJournal::Recover(const fs::path& journal, CDocument& document, const 
     if (!OpenFileOf(*work, document, host)) {
         return false;  // the journal has this process's name now: it is offered again after its end
     }
+    const bool bDamaged = work->bDamaged;
     ApplyLostWork(document, *std::move(work));
-    if (WriteNow(document)) {
+    if (bDamaged) {
+        KeepDamaged(journal, host);
+    } else if (WriteNow(document)) {
         RemoveQuietly(journal);
     }
     return true;

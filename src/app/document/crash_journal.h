@@ -61,6 +61,7 @@ struct TLostWork {
     std::filesystem::path problemFile;  ///< The file that was open.
     std::set<int> removed;              ///< Numbers of problems that had been removed from it.
     std::unique_ptr<TProblemList> pChanged;
+    bool bDamaged = false;  ///< Only what stands in front of the damage could be read.
 };
 
 /// The text of a journal: a problem file with a line of comment for the rest.

@@ -195,6 +195,11 @@ inline constexpr TUserText LostWorkText = {
         "Минулого разу програма завершилася, перш ніж було збережено зміни у файлі %s.\nЗмінено "
         "задач: %d.\n\nВідновити ці зміни? (виберіть 'Ні', щоб відкинути їх)"};
 
+inline constexpr TUserText DamagedJournalText = {
+    .pl = "Części zmian nie udało się odczytać. Pozostały w pliku %s",
+    .en = "Some of the changes could not be read. They stay in the file %s",
+    .uk = "Частину змін не вдалося прочитати. Вони залишилися у файлі %s"};
+
 inline constexpr const TUserText* AllDocumentTexts[] = {
     &NewDescriptionText,   &FileExistsText,      &StopThreadsText,     &OpeningFileText,
     &FaultInFileText,      &PartialReadText,     &SameNumberTwiceText, &SaveChangesText,
@@ -203,6 +208,6 @@ inline constexpr const TUserText* AllDocumentTexts[] = {
     &NotReadableAgainText, &NotTheSameAgainText, &EpdNotWrittenText,   &ChangedUnsavedText,
     &ChangedReloadText,    &AppendedText,        &OnlyStipulationText, &RemovedText,
     &CurrentStaysText,     &SaveOrRejectText,    &SearchFenText,       &NoFenFoundText,
-    &AllFenPresentText,    &FenMissingText,      &LostWorkText};
+    &AllFenPresentText,    &FenMissingText,      &LostWorkText,        &DamagedJournalText};
 
 }  // namespace tarnwick

@@ -48,9 +48,8 @@ bool CFileWatch::LookAt(const fs::path& path, TLook& look) {
 }
 
 void CFileWatch::Note(const fs::path& path, std::string_view content) {
-    TNoted noted{.look = {}, .contentHash = HashOf(content)};
-    LookAt(path, noted.look);
-    m_files.insert_or_assign(KeyOf(path), noted);
+    // No look yet: the file may have changed since it was read, so the first question compares the content.
+    m_files.insert_or_assign(KeyOf(path), TNoted{.look = {}, .contentHash = HashOf(content)});
 }
 
 void CFileWatch::NoteAsItIs(const fs::path& path) {

@@ -128,7 +128,7 @@ int RunWindow(const TArguments& arguments) {
         LogApplicationEvent(log, "Program close (%s)",
                             QApplication::applicationFilePath().toStdString());
         return nStatus;
-    } catch (const ChessException& error) {
+    } catch (const std::exception& error) {
         boxes.Tell(error.what());
         return EXIT_FAILURE;
     }

@@ -30,6 +30,9 @@ void CCommandDispatcher::Run(TCommand wanted) {
         m_workbench.Dialog().Tell(error.what());
     } catch (const std::bad_alloc&) {
         m_workbench.Dialog().Tell(UserText(OutOfMemoryText));
+    } catch (const std::exception& error) {
+        // The system says no: a folder without rights, no thread left.
+        m_workbench.Dialog().Tell(error.what());
     }
     m_workbench.StateChanged();
 }

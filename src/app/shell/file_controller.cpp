@@ -1,6 +1,6 @@
 #include "app/shell/file_controller.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFile>
 
 #include "base/chess_exception.h"
@@ -45,8 +45,9 @@ void CFileController::AddCommands(CCommandDispatcher& dispatcher) {
     dispatcher.Add(TCommand::OpenDefaultFile, [this] {
         const fs::path path = m_workbench.Folders().ProblemFile();
         MakePrivateFolder(path.parent_path());
-        if (fs::exists(path) || NewProblemFile(path, Host())) {
-            Open(path);
+        std::error_code error;
+        if (fs::exists(path, error) || error || NewProblemFile(path, Host())) {
+            Open(path);  // says what is wrong with a folder that cannot be looked into
         }
     });
     dispatcher.Add(TCommand::OpenSampleFile, [this] { Open(Sample()); });
@@ -95,7 +96,8 @@ void CFileController::OpenAtStart(const fs::path& path) {
         wanted = m_workbench.Folders().ProblemFile();
         try {
             MakePrivateFolder(wanted.parent_path());
-            if (!fs::exists(wanted)) {
+            std::error_code error;
+            if (!fs::exists(wanted, error) && !error) {
                 NewProblemFile(wanted, Host());
             }
         } catch (const ChessException& error) {
@@ -211,7 +213,14 @@ void CFileController::WithFile(TCommand command, TFileUse use,
 void CFileController::New() {
     const auto path = m_workbench.Dialog().ChooseFile(
         *TextOfCommand(TCommand::NewFile), TFileUse::Save, m_workbench.Document().Path());
-    if (path && NewProblemFile(*path, Host())) {
+    if (!path) {
+        return;
+    }
+    // Settled before the new file takes the place of the open one.
+    CDocument& document = m_workbench.Document();
+    const bool bReplacesOpenFile = *path == document.Path();
+    if ((!bReplacesOpenFile || SettleUnsavedChanges(document, Host())) &&
+        NewProblemFile(*path, Host())) {
         Open(*path);
     }
 }
@@ -221,7 +230,7 @@ bool CFileController::Save() {
     if (!SaveProblemFile(document, fs::path(document.Path()), Host())) {
         return false;
     }
-    m_journal.Update(document);
+    m_journal.WriteNow(document);
     m_workbench.SetStatus(FilledText(
         SavedText, {FileNameForMessage(document.Path()), std::to_string(document.Count())}));
     emit fileChanged();
@@ -234,6 +243,7 @@ void CFileController::SaveAs() {
     const auto path = m_workbench.Dialog().ChooseFile(*TextOfCommand(TCommand::SaveFileAs),
                                                       TFileUse::Save, document.Path());
     if (path && SaveProblemFile(document, *path, Host())) {
+        m_journal.WriteNow(document);
         emit fileChanged();
     }
 }
@@ -250,12 +260,16 @@ bool CFileController::MayClose() {
 }
 
 void CFileController::Tick() {
-    if (m_bReading || m_workbench.Dialog().IsAsking()) {
+    if (m_bReading) {
         return;
     }
     CDocument& document = m_workbench.Document();
     m_journal.Update(document);
-    if (!m_solving.IsRunning() && HandleForeignChange(document, Host())) {
+    // An open box or menu may hold on to the problem that is shown: the file is reloaded behind it.
+    const bool bBusy = m_workbench.Dialog().IsAsking() ||
+                       QApplication::activeModalWidget() != nullptr ||
+                       QApplication::activePopupWidget() != nullptr;
+    if (!bBusy && !m_solving.IsRunning() && HandleForeignChange(document, Host())) {
         emit fileChanged();
         m_workbench.ShowProblem();
     }

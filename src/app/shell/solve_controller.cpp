@@ -1,5 +1,6 @@
 #include "app/shell/solve_controller.h"
 
+#include <QApplication>
 #include <algorithm>
 
 #include "platform/processors.h"
@@ -96,6 +97,7 @@ void CSolveController::AddCommands(CCommandDispatcher& dispatcher) {
 }
 
 void CSolveController::Start(bool bAllKeys) {
+    Ended();  // the news of a solve that has just ended may still be on its way
     const TChessProblem& problem = *m_workbench.Document().Current();
     std::shared_ptr<CKeptRegister> pKept;
     if (!m_workbench.Options().clearRegisterOnStartSolving && IsOfShownProblem()) {
@@ -110,6 +112,7 @@ void CSolveController::Start(bool bAllKeys) {
     m_bForget = false;
     m_answer.clear();
     m_key.reset();
+    m_nPlyAtStart = m_workbench.Line().Ply();
     m_indicator.SolveStarted();
     m_frames.start();
     m_workbench.SetStatus(FilledText(
@@ -261,6 +264,9 @@ void CSolveController::FlashNext() {
 void CSolveController::PlayKey() {
     const TMove key = *m_key;
     m_key.reset();
+    if (m_workbench.Line().Ply() != m_nPlyAtStart || QApplication::activeModalWidget() != nullptr) {
+        return;  // the user plays moves of his own meanwhile, or is about to save them
+    }
     const std::string status = m_answer;
     m_workbench.Line().GoTo(0);
     if (m_workbench.Play(key)) {

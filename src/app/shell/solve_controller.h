@@ -67,6 +67,7 @@ class CSolveController : public QObject {
 
     int m_nProblem = -1;    ///< Number of the problem that is or was solved.
     TChessboard m_board{};  ///< Its position; the pointers are null.
+    int m_nPlyAtStart = 0;  ///< Of the line on the board.
     bool m_bForget = false;
     std::string m_answer;
 
