@@ -13,6 +13,9 @@ void CCommandDispatcher::Add(TCommand command, TAction action) {
 }
 
 void CCommandDispatcher::Run(TCommand wanted) {
+    if (m_first) {
+        m_first();
+    }
     const TWindowState state = m_workbench.State();
     const TCommand command = CommandForSideToMove(wanted, state);
     const TCommandState commandState = StateOfCommand(command, state);

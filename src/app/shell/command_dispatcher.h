@@ -19,6 +19,8 @@ class CCommandDispatcher {
     using TAction = std::function<void()>;
     void Add(TCommand command, TAction action);
     bool Has(TCommand command) const { return m_actions.contains(command); }
+    /// Called before each command: what is being typed belongs to the problem that it was typed for.
+    void CallFirst(TAction action) { m_first = std::move(action); }
 
     /// Runs the command, if it can be had now. Solving is looking for a defence while Black is to move.
     void Run(TCommand command);
@@ -26,6 +28,7 @@ class CCommandDispatcher {
   private:
     CWorkbench& m_workbench;
     std::unordered_map<TCommand, TAction> m_actions;
+    TAction m_first;
 };
 
 }  // namespace tarnwick

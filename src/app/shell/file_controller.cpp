@@ -227,6 +227,9 @@ void CFileController::New() {
 
 bool CFileController::Save() {
     CDocument& document = m_workbench.Document();
+    if (document.Path().empty()) {  // the file of the command line did not exist
+        return SaveAs();
+    }
     if (!SaveProblemFile(document, fs::path(document.Path()), Host())) {
         return false;
     }
@@ -238,14 +241,16 @@ bool CFileController::Save() {
     return true;
 }
 
-void CFileController::SaveAs() {
+bool CFileController::SaveAs() {
     CDocument& document = m_workbench.Document();
     const auto path = m_workbench.Dialog().ChooseFile(*TextOfCommand(TCommand::SaveFileAs),
                                                       TFileUse::Save, document.Path());
-    if (path && SaveProblemFile(document, *path, Host())) {
-        m_journal.WriteNow(document);
-        emit fileChanged();
+    if (!path || !SaveProblemFile(document, *path, Host())) {
+        return false;
     }
+    m_journal.WriteNow(document);
+    emit fileChanged();
+    return true;
 }
 
 bool CFileController::MayClose() {

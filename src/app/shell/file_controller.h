@@ -49,7 +49,7 @@ class CFileController : public QObject {
     void ReadInBackground(const std::filesystem::path& path);
     void NoteRead(const TChessProblem& problem);
     void FinishReading(const std::filesystem::path& path, TReadFile file, const std::string& error);
-    void SaveAs();
+    bool SaveAs();
     void New();
     void WithFile(TCommand command, TFileUse use,
                   const std::function<void(const std::filesystem::path&)>& action);

@@ -76,6 +76,7 @@ void CMainWindow::AddCommands() {
     m_playing.AddCommands(m_dispatcher);
     m_variants.AddCommands(m_dispatcher);
     m_problems.AddCommands(m_dispatcher);
+    m_dispatcher.CallFirst([this] { m_pTitleBar->CommitEdit(); });
     m_dispatcher.Add(TCommand::Exit, [this] { close(); });
     m_dispatcher.Add(TCommand::CloseProgram, [this] {
         ShowFromTray();
@@ -294,6 +295,7 @@ void CMainWindow::resizeEvent(QResizeEvent* pEvent) {
 }
 
 void CMainWindow::closeEvent(QCloseEvent* pEvent) {
+    m_pTitleBar->CommitEdit();
     if (!m_files.MayClose()) {
         pEvent->ignore();
         return;
