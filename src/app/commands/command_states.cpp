@@ -9,6 +9,7 @@
 
 #include "app/commands/command_table.h"
 #include "app/commands/commands_texts.h"
+#include "app/document/play_texts.h"
 
 namespace tarnwick {
 namespace {
@@ -80,7 +81,8 @@ const TConditionRow Conditions[] = {
     {HasVariants, [](const TWindowState& s) { return s.bHasVariants; }, NoVariantsText},
     {StepBack, [](const TWindowState& s) { return s.bCanStepBack; }, StartOfLineText},
     {StepForward, [](const TWindowState& s) { return s.bCanStepForward; }, EndOfLineText},
-    {InVariant, [](const TWindowState& s) { return s.bLastMoveInVariant; }, NotInVariantText},
+    {InVariant, [](const TWindowState& s) { return s.bLastMoveInVariant; },
+     CommentNeedsVariantText},
     {HasTags, [](const TWindowState& s) { return s.bHasTags; }, NoTagsText},
     {CanUndo, [](const TWindowState& s) { return s.bCanUndo; }, NothingToUndoText},
     {CanRedo, [](const TWindowState& s) { return s.bCanRedo; }, NothingToRedoText},

@@ -95,10 +95,6 @@ inline constexpr TUserText StartOfLineText = {.pl = "To jest pozycja początkowa
 inline constexpr TUserText EndOfLineText = {.pl = "To jest koniec zagranych posunięć.",
                                             .en = "This is the end of the moves played.",
                                             .uk = "Це кінець зіграних ходів."};
-inline constexpr TUserText NotInVariantText = {
-    .pl = "Komentarze można dodawać tylko do posunięć należących do wariantu",
-    .en = "You can add comments only to moves that belong to a variant",
-    .uk = "Коментарі можна додавати лише до ходів, що належать до варіанта"};
 inline constexpr TUserText NoMainVariantText = {.pl = "Zadanie nie ma wariantu głównego.",
                                                 .en = "The problem has no main variant.",
                                                 .uk = "Задача не має головного варіанта."};
@@ -157,7 +153,6 @@ inline constexpr const TUserText* AllCommandsTexts[] = {&FileMenuText,
                                                         &NoChangesText,
                                                         &StartOfLineText,
                                                         &EndOfLineText,
-                                                        &NotInVariantText,
                                                         &NoMainVariantText,
                                                         &NoVariantsText,
                                                         &NoAnimationText,

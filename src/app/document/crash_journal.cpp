@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "base/chess_exception.h"
+#include "base/filled_text.h"
 #include "platform/atomic_file.h"
 #include "platform/clock.h"
 #include "platform/live_process.h"
 
 #include "app/document/document_texts.h"
-#include "app/document/filled_text.h"
 #include "engine/heuristics/heuristic_names.h"
 #include "problems/cp_file_reader.h"
 #include "problems/cp_writer.h"

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "base/chess_exception.h"
+#include "base/filled_text.h"
 #include "platform/atomic_file.h"
 
 #include "app/document/document_texts.h"
-#include "app/document/filled_text.h"
 #include "app/document/problem_merge.h"
 #include "app/document/same_positions.h"
 #include "chess/fen.h"

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "base/chess_exception.h"
+#include "base/filled_text.h"
 
-#include "app/document/filled_text.h"
 #include "app/document/play_texts.h"
 #include "app/view/legal_moves.h"
 #include "app/view/typed_move.h"

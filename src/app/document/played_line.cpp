@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/chess_exception.h"
+#include "base/filled_text.h"
 
-#include "app/document/filled_text.h"
 #include "app/document/play_texts.h"
 #include "app/document/variants.h"
 #include "app/view/legal_moves.h"

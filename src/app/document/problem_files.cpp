@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "base/chess_exception.h"
+#include "base/filled_text.h"
 #include "platform/atomic_file.h"
 
 #include "app/document/document_texts.h"
-#include "app/document/filled_text.h"
 #include "app/document/problem_reading.h"
 #include "problems/cp_writer.h"
 #include "problems/file_text.h"

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
+#include "base/filled_text.h"
+
 #include "app/document/document_texts.h"
-#include "app/document/filled_text.h"
 #include "engine/heuristics/heuristic_names.h"
 #include "problems/cp_file_reader.h"
 #include "problems/cp_lexer.h"

@@ -9,10 +9,10 @@
 
 #include "base/chess_exception.h"
 #include "base/encoding.h"
+#include "base/filled_text.h"
 #include "platform/atomic_file.h"
 
 #include "app/document/document_texts.h"
-#include "app/document/filled_text.h"
 #include "app/document/problem_files.h"
 #include "app/document/problem_reading.h"
 #include "app/document/same_positions.h"

@@ -5,8 +5,8 @@
 
 #include "base/chess_exception.h"
 #include "base/encoding.h"
+#include "base/filled_text.h"
 
-#include "app/document/filled_text.h"
 #include "app/document/play_texts.h"
 #include "app/document/played_line.h"
 

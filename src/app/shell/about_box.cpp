@@ -5,10 +5,10 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "base/filled_text.h"
 #include "base/version.h"
 
 #include "app/commands/command_table.h"
-#include "app/document/filled_text.h"
 #include "app/shell/icon_set.h"
 #include "app/shell/panel.h"
 #include "app/shell/shell_texts.h"

@@ -3,8 +3,9 @@
 #include <QPainter>
 #include <QRegion>
 
+#include "base/filled_text.h"
+
 #include "app/commands/tooltip_texts.h"
-#include "app/document/filled_text.h"
 #include "app/shell/colours.h"
 #include "app/shell/elided_text.h"
 #include "app/shell/picture_button.h"

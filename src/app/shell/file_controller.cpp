@@ -4,9 +4,9 @@
 #include <QFile>
 
 #include "base/chess_exception.h"
+#include "base/filled_text.h"
 
 #include "app/commands/command_table.h"
-#include "app/document/filled_text.h"
 #include "app/document/problem_merge.h"
 #include "app/shell/solve_controller.h"
 #include "app/shell/window_texts.h"

@@ -4,12 +4,12 @@
 #include <QGuiApplication>
 
 #include "base/encoding.h"
+#include "base/filled_text.h"
 
 #include "app/document/line_text.h"
 #include "app/document/problem_state.h"
 #include "app/shell/questions.h"
 #include "app/shell/window_texts.h"
-#include "app/solving/filled_text.h"
 #include "chess/chessboard_id.h"
 #include "chess/fen.h"
 #include "problems/cp_writer.h"

@@ -8,8 +8,9 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "base/filled_text.h"
+
 #include "app/document/document.h"
-#include "app/document/filled_text.h"
 #include "app/shell/panel.h"
 #include "app/shell/problem_list_model.h"
 #include "app/shell/shell_texts.h"

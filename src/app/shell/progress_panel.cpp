@@ -7,9 +7,10 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "base/filled_text.h"
+
 #include "app/commands/command_table.h"
 #include "app/commands/tooltip_texts.h"
-#include "app/document/filled_text.h"
 #include "app/shell/colours.h"
 #include "app/shell/picture_button.h"
 #include "app/shell/shell_texts.h"

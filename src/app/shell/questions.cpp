@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "base/chess_exception.h"
+#include "base/filled_text.h"
 
 #include "app/commands/command_table.h"
-#include "app/document/filled_text.h"
 #include "app/document/play_texts.h"
 #include "app/document/variants.h"
 #include "app/shell/panel.h"

@@ -3,12 +3,12 @@
 #include <QApplication>
 #include <algorithm>
 
+#include "base/filled_text.h"
 #include "platform/processors.h"
 
 #include "app/commands/command_table.h"
 #include "app/settings/application_log.h"
 #include "app/shell/window_texts.h"
-#include "app/solving/filled_text.h"
 #include "app/solving/solving_texts.h"
 #include "chess/move_text.h"
 

@@ -5,7 +5,8 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "app/document/filled_text.h"
+#include "base/filled_text.h"
+
 #include "app/shell/panel.h"
 #include "app/shell/shell_texts.h"
 

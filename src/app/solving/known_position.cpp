@@ -6,7 +6,8 @@
 #include <algorithm>
 #include <array>
 
-#include "app/solving/filled_text.h"
+#include "base/filled_text.h"
+
 #include "app/solving/solving_texts.h"
 #include "app/view/legal_moves.h"
 #include "chess/board_stack.h"

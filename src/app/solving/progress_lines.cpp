@@ -4,7 +4,8 @@
 #include <array>
 #include <cstdio>
 
-#include "app/solving/filled_text.h"
+#include "base/filled_text.h"
+
 #include "app/solving/solving_texts.h"
 #include "chess/figure_codes.h"
 #include "chess/move_text.h"
