@@ -114,4 +114,20 @@ TChessboard* MakeMoveFromText(TChessboard& board, std::string_view text) {
     throw ChessException(UserText(InvalidStoredMoveText) + ToValidUtf8(text));
 }
 
+void MoveMenAlone(TChessboard& board, TMove move) {
+    const TFigureCode moved = board.m_fields[move.from];
+    const bool bPawnTakes = TypeOf(moved) == TypePawn && FileOf(move.from) != FileOf(move.to);
+    const bool bEnPassant = bPawnTakes && board.m_fields[move.to] == EmptyField;
+    if (bEnPassant) {
+        board.m_fields[FieldAt(FileOf(move.to), RankOf(move.from))] = EmptyField;
+    }
+    const TFigureCode promoted = move.PromotionType();
+    board.m_fields[move.to] = promoted == 0 ? moved : ColourOf(moved) | promoted;
+    board.m_fields[move.from] = EmptyField;
+    PreparePosition(board, true);
+    board.m_lastMove = move;
+    board.m_lastMove.fourth = bEnPassant ? 1 : 0;
+    --board.m_shPlies;
+}
+
 }  // namespace tarnwick

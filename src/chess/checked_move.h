@@ -24,4 +24,8 @@ void ParseCheckedMove(const TChessboard& board, TMove& move, std::string_view te
 /// text, the move, no ply left to play, or a refusal of the make operation.
 TChessboard* MakeMoveFromText(TChessboard& board, std::string_view text);
 
+/// A legal move by its men alone, for positions without a stipulation: there also moves are played that the
+/// make operations drop because White could not mate behind them. Takes one ply off.
+void MoveMenAlone(TChessboard& board, TMove move);
+
 }  // namespace tarnwick

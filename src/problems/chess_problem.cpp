@@ -29,23 +29,6 @@ bool IsLegal(const TChessboard& board, TMove move) {
     }
 }
 
-/// The move by its men alone, for legal moves that the make operations refuse.
-void MoveMen(TChessboard& board, TMove move) {
-    const TFigureCode moved = board.m_fields[move.from];
-    const bool bEnPassant = TypeOf(moved) == TypePawn && FileOf(move.from) != FileOf(move.to) &&
-                            board.m_fields[move.to] == EmptyField;
-    if (bEnPassant) {
-        board.m_fields[FieldAt(FileOf(move.to), RankOf(move.from))] = EmptyField;
-    }
-    const TFigureCode promoted = move.PromotionType();
-    board.m_fields[move.to] = promoted == 0 ? moved : ColourOf(moved) | promoted;
-    board.m_fields[move.from] = EmptyField;
-    PreparePosition(board, true);
-    board.m_lastMove = move;
-    board.m_lastMove.fourth = bEnPassant ? 1 : 0;
-    --board.m_shPlies;
-}
-
 }  // namespace
 
 TChessProblem::TChessProblem() : m_pBoard(&m_startBoard), m_pLastBoard(&m_startBoard) {
@@ -109,7 +92,7 @@ bool PlayOnLine(TChessProblem& problem, TMove move, TBoardStack& stack) {
         // Legal, but White can no longer mate. A search drops such a line; here somebody played it.
         *next = before;
         next->m_pPrevious = &before;
-        MoveMen(*next, move);
+        MoveMenAlone(*next, move);
     }
     next->m_pThread = nullptr;
     problem.m_pLastBoard = next.get();

@@ -8,6 +8,7 @@
 #include "app/document/play_texts.h"
 #include "app/document/variants.h"
 #include "app/view/legal_moves.h"
+#include "chess/checked_move.h"
 #include "chess/make_move.h"
 #include "chess/move_text.h"
 #include "chess/prepare_position.h"
@@ -16,24 +17,6 @@ namespace tarnwick {
 namespace {
 
 constexpr std::size_t MaxEarlierLines = 100;
-
-/// A legal move by its men alone: for positions without a stipulation, where moves may be played that
-/// the make operations drop because White could not mate behind them.
-void MoveMenAlone(TChessboard& board, TMove move) {
-    const TFigureCode moved = board.m_fields[move.from];
-    const bool bPawnTakes = TypeOf(moved) == TypePawn && FileOf(move.from) != FileOf(move.to);
-    const bool bEnPassant = bPawnTakes && board.m_fields[move.to] == EmptyField;
-    if (bEnPassant) {
-        board.m_fields[FieldAt(FileOf(move.to), RankOf(move.from))] = EmptyField;
-    }
-    const TFigureCode promoted = move.PromotionType();
-    board.m_fields[move.to] = promoted == 0 ? moved : ColourOf(moved) | promoted;
-    board.m_fields[move.from] = EmptyField;
-    PreparePosition(board, true);
-    board.m_lastMove = move;
-    board.m_lastMove.fourth = bEnPassant ? 1 : 0;
-    --board.m_shPlies;
-}
 
 const char* CheckSign(const TChessboard& board) {
     const bool bCheck =
