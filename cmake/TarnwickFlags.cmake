@@ -48,6 +48,14 @@ if(TARNWICK_STATIC_RUNTIME)
     add_link_options(-static-libstdc++ -static-libgcc)
 endif()
 
+if(TARNWICK_HARDENING)
+    # What Debian asks of every package. The search takes about 8% longer (bench, best of six runs each),
+    # so the release preset goes without.
+    add_compile_options(-fstack-protector-strong -fcf-protection)
+    add_compile_definitions($<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)  # needs optimised code
+    add_link_options(-Wl,-z,relro,-z,now)
+endif()
+
 if(TARNWICK_SANITIZE)
     add_compile_options(-fsanitize=${TARNWICK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${TARNWICK_SANITIZE})

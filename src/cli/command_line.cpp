@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <functional>
 #include <iostream>
+#include <map>
 #include <vector>
 
 #include "base/version.h"
@@ -11,12 +12,15 @@
 #include "cli/analyze_command.h"
 #include "cli/bench_command.h"
 #include "cli/command_words.h"
+#include "cli/convert_command.h"
+#include "cli/diagram_command.h"
 #include "cli/format_command.h"
 #include "cli/lint_command.h"
 #include "cli/perft_command.h"
 #include "cli/show_command.h"
 #include "cli/solve_command.h"
 #include "cli/solve_words.h"
+#include "cli/tables_words.h"
 
 namespace tarnwick {
 namespace {
@@ -59,6 +63,8 @@ class CCommandLine {
     void AddShow();
     void AddLint();
     void AddFormat();
+    void AddConvert();
+    void AddDiagram();
     void AddPerft();
     void AddBench();
     void AddHelp();
@@ -73,6 +79,9 @@ class CCommandLine {
     TShowArguments m_show;
     TLintArguments m_lint;
     TFormatArguments m_format;
+    TConvertArguments m_convert;
+    TDiagramArguments m_diagram;
+    TTablesArguments m_tables;
     TPerftArguments m_perft;
     TBenchArguments m_bench;
 };
@@ -87,6 +96,9 @@ CCommandLine::CCommandLine(TConsole& console)
     AddShow();
     AddLint();
     AddFormat();
+    AddConvert();
+    AddDiagram();
+    AddTablesWords(m_app, m_tables, m_console, m_run);
     AddPerft();
     AddBench();
     AddHelp();
@@ -192,6 +204,64 @@ void CCommandLine::AddFormat() {
         "Examples:\n"
         "  tarnwick-cli format list.epd -o list.cp      positions as a problem file\n"
         "  tarnwick-cli format --in-place problems.cp\n");
+}
+
+void CCommandLine::AddConvert() {
+    CLI::App* convert = AddCommand("convert", "Write problems in another form: .cp, .epd or .pgn",
+                                   [this] { return RunConvert(m_convert, m_console); });
+    convert->add_option("IN", m_convert.in, "Problem file (.cp, .epd), or - for standard input")
+        ->type_name("")
+        ->required();
+    convert->add_option("OUT", m_convert.out, "The file to write, or - for standard output")
+        ->type_name("")
+        ->required();
+    convert->add_option("--to", m_convert.to, "The form: cp, epd or pgn; without it OUT's ending")
+        ->type_name("FORM")
+        ->check(CLI::IsMember({"cp", "epd", "pgn"}).description(""));
+    AddIdOption(*convert, m_convert.ids);
+    convert->footer(
+        "EPD holds mates, their descriptions and keys. PGN holds each problem as a game from its\n"
+        "position, its variants as variations. What the form has no words for is told.\n"
+        "Nothing is written if any part of the file cannot be read.\n"
+        "\n"
+        "Examples:\n"
+        "  tarnwick-cli convert problems.cp problems.pgn\n"
+        "  tarnwick-cli convert problems.cp - --to epd --id 1-9\n");
+}
+
+void CCommandLine::AddDiagram() {
+    CLI::App* diagram = AddCommand("diagram", "Draw positions as pictures, SVG or PNG",
+                                   [this] { return NeedsProblems(m_diagram, &RunDiagram); });
+    CLI::Option* fen = AddPositionOptions(*diagram, m_diagram.file, m_diagram.fen);
+    AddIdOption(*diagram, m_diagram.ids)->excludes(fen);
+    diagram
+        ->add_option("-o,--output", m_diagram.output,
+                     "Picture file (.svg, .png), %d in it for the number, or a folder")
+        ->type_name("FILE");
+    TDiagramOptions& picture = m_diagram.picture;
+    diagram->add_option("--size", picture.size, "Width of the picture, by default 480")
+        ->type_name("PIXELS")
+        ->check(Between(MinDiagramSize, MaxDiagramSize));
+    const std::map<std::string, TDiagramStyle> styles = {{"window", TDiagramStyle::Window},
+                                                         {"print", TDiagramStyle::Print},
+                                                         {"hatched", TDiagramStyle::Hatched},
+                                                         {"plain", TDiagramStyle::Plain}};
+    diagram
+        ->add_option("--style", picture.style, "Dark fields: print (grey), window, hatched, plain")
+        ->type_name("STYLE")
+        ->transform(CLI::Transformer(styles).description(""));
+    diagram->add_flag("--black-below", picture.bBlackBelow, "Seen from Black's side");
+    diagram->add_flag("--coordinates", picture.bCoordinates, "Letters and digits at the edge");
+    diagram->add_flag("--stipulation", m_diagram.bStipulation, "#N below the board");
+    diagram->footer(
+        "Without --output the picture goes to standard output as SVG. The position is also in the\n"
+        "picture as text: the window reads it from there exactly. PNG needs the program with the\n"
+        "window installed; no screen.\n"
+        "\n"
+        "Examples:\n"
+        "  tarnwick-cli diagram problems.cp --id 7 --stipulation -o seven.png\n"
+        "  tarnwick-cli diagram problems.cp --style hatched -o 'pictures/%d.svg'\n"
+        "  tarnwick-cli diagram --fen 7k/8/5K2/8/8/8/8/6R1 > rook.svg\n");
 }
 
 void CCommandLine::AddPerft() {

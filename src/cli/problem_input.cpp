@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include "base/chess_exception.h"
 #include "base/language.h"
@@ -82,7 +83,8 @@ bool ReadEpdLine(std::string_view line, int nLine, int id, TProblemInput& proble
     }
     for (TEpdProblem& problem : read.problems) {
         problem.pProblem->m_id = id;
-        problems.problems.push_back({std::move(problem.pProblem), nLine, problem.bColoursSwapped});
+        problems.problems.push_back({std::move(problem.pProblem), nLine, problem.bColoursSwapped,
+                                     std::move(problem.passedOver)});
     }
     return true;
 }
@@ -203,6 +205,29 @@ bool SelectProblems(TProblemInput& input, const CIdList& ids, CConsoleDialog& di
         dialog.Tell(input.name + ": no problem " + Joined(missing, ", ") + "; " + there);
     }
     return !input.problems.empty();
+}
+
+void TellLostOperations(const TProblemInput& input, CConsoleDialog& dialog) {
+    std::set<std::string> names;
+    std::uint64_t count = 0;
+    for (const TInputProblem& problem : input.problems) {
+        names.insert(problem.lost.begin(), problem.lost.end());
+        count += problem.lost.empty() ? 0 : 1;
+    }
+    if (!names.empty()) {
+        dialog.Tell(input.name + ": operations of " + CountText(count, "line") +
+                    " are lost: " + Joined({names.begin(), names.end()}, ", "));
+    }
+}
+
+void TellExchangedColours(const TProblemInput& input, CConsoleDialog& dialog) {
+    for (const TInputProblem& problem : input.problems) {
+        if (problem.bColoursSwapped) {
+            dialog.Tell(
+                PlacedText(input.name, problem.nLine,
+                           "Black was to mate: colours are exchanged, so that White mates"));
+        }
+    }
 }
 
 void TellRemarks(const TProblemInput& input, CConsoleDialog& dialog) {

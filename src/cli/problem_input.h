@@ -17,6 +17,7 @@ struct TInputProblem {
     std::unique_ptr<TChessProblem> pProblem;  ///< Never null.
     int nLine = 0;                            ///< In the input, from 1; 0: from the command line.
     bool bColoursSwapped = false;             ///< Black was to mate; the record has White mating.
+    std::vector<std::string> lost = {};  ///< Operations of an EPD line that have no place in it.
 };
 
 /// Whether the problem asks for a direct mate. A line of moves takes the place of a stipulation.
@@ -66,6 +67,12 @@ TProblemInput ReadFileOrFen(const std::string& file, const std::string& fen, int
 /// Keeps the problems whose numbers are in the list. Tells the user which parts of the list met none.
 /// False, after a word about the numbers there are, if no problem is left.
 bool SelectProblems(TProblemInput& input, const CIdList& ids, CConsoleDialog& dialog);
+
+/// Tells which operations of EPD lines have no place in a problem, all in one line.
+void TellLostOperations(const TProblemInput& input, CConsoleDialog& dialog);
+
+/// Tells which problems had Black to mate: they go on with colours exchanged.
+void TellExchangedColours(const TProblemInput& input, CConsoleDialog& dialog);
 
 /// Tells all remarks as "NAME:LINE: text", the form that editors and other tools follow.
 void TellRemarks(const TProblemInput& input, CConsoleDialog& dialog);

@@ -10,9 +10,25 @@
 #include "cli/solve_options.h"
 #include "cli/solve_report.h"
 #include "cli/solved_folder.h"
+#include "tables/register/global_register_set.h"
 
 namespace tarnwick {
 namespace {
+
+/// Shared by all problems of the command; null for none.
+using TTables = std::shared_ptr<TGlobalRegisterSet>;
+
+/// A command runs for its problems alone, so tables may come into memory.
+TTables OpenTables(const TSolveArguments& arguments, CConsoleDialog& dialog) {
+    if (arguments.dataFolder.empty()) {
+        return nullptr;
+    }
+    TTableOptions options;
+    options.maxMemRatioForPrecalculatedData = arguments.dataPercent;
+    options.bGlobalRegisterForceDiskAccess = false;
+    options.programFolder = arguments.dataFolder;
+    return std::make_shared<TGlobalRegisterSet>(options, &dialog);
+}
 
 std::string StopMessage(const TSolveTask& task, std::uint64_t elapsedMs) {
     if (StopRequested()) {
@@ -52,11 +68,12 @@ std::string RemarkOn(const TSolveResult& result, const TSolveTask& task) {
 
 /// One problem of this command with the files that belong to it.
 TSolveResult SolveDirectMate(const TInputProblem& input, const TSolveArguments& arguments,
-                             CConsoleDialog& dialog, bool* pbSaved) {
+                             const TTables& tables, CConsoleDialog& dialog, bool* pbSaved) {
     const TChessboard& board = *input.pProblem->m_pBoard;
     const int moves = MovesOfStipulation(*input.pProblem);
     TSolveTask task;
     SetUpJob(task, *input.pProblem, arguments);
+    task.m_pTables = tables;
     task.m_callbacks.onError = [&dialog](const std::string& title, const std::string& text) {
         dialog.Tell(title + ": " + text);
     };
@@ -78,7 +95,7 @@ TSolveResult SolveDirectMate(const TInputProblem& input, const TSolveArguments& 
 }
 
 TSolvedProblem SolveProblem(const TInputProblem& input, const TSolveArguments& arguments,
-                            CConsoleDialog& dialog) {
+                            const TTables& tables, CConsoleDialog& dialog) {
     const TChessProblem& problem = *input.pProblem;
     TSolvedProblem solved;
     solved.pInput = &input;
@@ -86,7 +103,7 @@ TSolvedProblem SolveProblem(const TInputProblem& input, const TSolveArguments& a
     if (const char* why = WhyNotForEngine(problem)) {
         solved.result.message = why;
     } else {
-        solved.result = SolveDirectMate(input, arguments, dialog, &solved.bSaved);
+        solved.result = SolveDirectMate(input, arguments, tables, dialog, &solved.bSaved);
     }
     if (problem.m_shOptions.Has(TProblemOption::HasAnswers)) {
         solved.answers = CheckAnswers(problem.m_answers, solved.result, solved.bAll);
@@ -96,12 +113,12 @@ TSolvedProblem SolveProblem(const TInputProblem& input, const TSolveArguments& a
 
 /// The picture comes before the search, so that the user has something to look at meanwhile.
 TSolvedProblem SolveAndReport(const TInputProblem& input, const TSolveArguments& arguments,
-                              TConsole& console) {
+                              const TTables& tables, TConsole& console) {
     const bool bPicture = !arguments.bJson && !arguments.bBrief;
     if (bPicture) {
         console.out << ProblemHeadText(input, console.style, console.boardStyle) << std::flush;
     }
-    TSolvedProblem solved = SolveProblem(input, arguments, console.dialog);
+    TSolvedProblem solved = SolveProblem(input, arguments, tables, console.dialog);
     if (arguments.bJson) {
         console.out << OutcomeJson(solved);
     } else if (arguments.bBrief) {
@@ -148,13 +165,14 @@ TExitStatus RunSolve(const TSolveArguments& arguments, TConsole& console) {
     if (input.problems.empty() && !input.HasFault()) {
         console.dialog.Tell(input.name + ": nothing to solve");
     }
+    const TTables tables = OpenTables(arguments, console.dialog);
     CSolveSummary summary;
     const std::int64_t startMs = NowMs();
     for (const TInputProblem& problem : input.problems) {
         if (StopRequested() || !console.out) {
             break;
         }
-        summary.Add(SolveAndReport(problem, arguments, console));
+        summary.Add(SolveAndReport(problem, arguments, tables, console));
     }
     TellUntried(input.problems.size() - summary.Count(), console.dialog);
     if (!arguments.bJson && input.problems.size() > 1) {

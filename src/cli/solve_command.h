@@ -33,6 +33,8 @@ struct TSolveArguments {
     double checkpointMinutes = 0;   ///< Between saves while solving; 0: none.
     std::uint64_t registerMiB = 0;  ///< Largest size of that file before packing; 0: any.
     bool bCompress = false;         ///< Pack it.
+    std::string dataFolder;         ///< Of precalculated tables; empty: none are asked.
+    int dataPercent = 20;           ///< Of the machine's memory for tables.
     std::string solvedFolder;       ///< Of answers of earlier runs; empty: none.
     std::string logFolder;          ///< For logs of all moves; empty: none.
     bool bJson = false;

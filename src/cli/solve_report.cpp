@@ -234,6 +234,7 @@ std::string OutcomeJson(const TSolvedProblem& solved) {
         .Add("message", Joined(messages, "; "))
         .Add("safe_mode", result.bSafeMode)
         .Add("register", result.registerElements)
+        .Add("table_hits", result.tableHits)
         .Add("passes", PassesJson(result))
         .Add("pass_found", result.passFound)
         .Line();

@@ -101,6 +101,24 @@ void AddHeuristics(CLI::App& solve, TSolveArguments& arguments) {
                    "Do not begin with passes of forcing moves, whatever the engine thinks");
 }
 
+/// Precalculated tables.
+void AddTables(CLI::App& solve, TSolveArguments& arguments) {
+    CLI::Option* folder =
+        solve
+            .add_option("--data", arguments.dataFolder,
+                        "Ask the tables in this folder (in its subfolder Precalc, as the command "
+                        "tables makes them) about positions of few men")
+            ->type_name("FOLDER")
+            ->check(CLI::ExistingDirectory);
+    solve
+        .add_option("--data-memory", arguments.dataPercent,
+                    "For tables: a share of the machine's memory, 0 to 100 percent (the default is "
+                    "20). Tables that do not fit are read from the disk; 0 asks none")
+        ->type_name("PERCENT")
+        ->check(Between(0, 100))
+        ->needs(folder);
+}
+
 /// What outlives a solve: the register, answers, logs.
 void AddFiles(CLI::App& solve, TSolveArguments& arguments) {
     CLI::Option* file =
@@ -142,6 +160,7 @@ void AddSolveWords(CLI::App& solve, TSolveArguments& arguments) {
     AddLimits(solve, arguments);
     AddSearch(solve, arguments);
     AddHeuristics(solve, arguments);
+    AddTables(solve, arguments);
     AddFiles(solve, arguments);
     solve.add_flag("--brief", arguments.bBrief, "One line for each problem, without its picture");
     solve.add_flag("--json", arguments.bJson,

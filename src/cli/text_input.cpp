@@ -79,7 +79,7 @@ std::string LowerCaseEnding(const std::string& path) {
 
 TInputForm FormOf(const std::string& path, std::string_view text) {
     const std::string ending = LowerCaseEnding(path);
-    if (ending == ".cp") {
+    if (ending == ".cp" || ending == ".cpx") {
         return TInputForm::ProblemFile;
     }
     return ending == ".epd" ? TInputForm::Epd : FormOfText(text);

@@ -22,8 +22,8 @@ struct TTextInput {
     TInputForm form = TInputForm::ProblemFile;
 };
 
-/// Reads a file whole, "-" being standard input. The name's ending .cp or .epd, in either case, tells
-/// the form; without such an ending the content does. Pipes and devices are read to their end.
+/// Reads a file whole, "-" being standard input. The name's ending .cp, .cpx or .epd, in either
+/// case, tells the form; without such an ending the content does. Pipes and devices are read to their end.
 ///
 /// Throws ChessException with the name and what to do: no such file, a folder, no permission, more than
 /// maxBytes, nothing in it.

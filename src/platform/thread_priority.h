@@ -2,8 +2,8 @@
 
 // Which of a program's threads go first when the processors are short.
 //
-// A thread may always step back, but only a privileged process may come forward again: priorities are
-// meant to be set once, by the thread itself, when it begins.
+// A thread may always step back. Only a privileged process may come forward again, or one whose user the
+// administrator has granted it (the limit RLIMIT_NICE).
 
 #include <cstdint>
 
@@ -52,6 +52,16 @@ constexpr TThreadPriority PriorityInClass(TPriorityClass priorityClass) {
     }
     return TThreadPriority::Normal;
 }
+
+/// Gives the calling thread a name of at most 15 bytes, which the threads that it makes later inherit.
+void NameThisThread(const char* name) noexcept;
+
+/// Moves all threads of that name in this process from one priority to another. Differences between
+/// them stay. False where the system did not allow it for all of them.
+bool ChangePriorityOfThreads(const char* name, TThreadPriority from, TThreadPriority to) noexcept;
+
+/// Whether a new thread of this process would get that priority.
+bool IsPriorityAllowed(TThreadPriority priority);
 
 /// For the calling thread. False, and nothing changed, where the system does not allow it.
 bool SetPriorityOfThisThread(TThreadPriority priority) noexcept;

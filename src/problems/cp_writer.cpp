@@ -151,10 +151,14 @@ std::string ProblemToText(const TChessProblem& problem) {
     return text;
 }
 
+std::string EntryOfProblemFile(const TChessProblem& problem) {
+    return '\n' + ProblemToText(problem);
+}
+
 std::string ProblemListToText(const TProblemList& list) {
-    std::string text = "UTF-8\n\n";
+    std::string text = BeginningOfProblemFile;
     for (const TChessProblem* pProblem : list.Problems()) {
-        text += '\n' + ProblemToText(*pProblem);
+        text += EntryOfProblemFile(*pProblem);
     }
     return text;
 }

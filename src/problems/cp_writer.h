@@ -14,7 +14,12 @@ namespace tarnwick {
 /// One problem with its line end, UTF-8, without the mark of the encoding.
 std::string ProblemToText(const TChessProblem& problem);
 
-/// A whole file: the mark of the encoding and all problems by rising number.
+/// What a whole file begins with: the mark of the encoding.
+inline constexpr const char* BeginningOfProblemFile = "UTF-8\n\n";
+/// A problem's part of a whole file.
+std::string EntryOfProblemFile(const TChessProblem& problem);
+
+/// A whole file: its beginning and the entries of all problems by rising number.
 std::string ProblemListToText(const TProblemList& list);
 
 /// Replaces the file in one step: whoever looks finds the old file or the new one, whole. Throws

@@ -23,6 +23,7 @@ constexpr std::size_t MaxShownBytes = 200;
 struct TEpdOperations {
     std::optional<int> moves;  ///< Negative: the side to move is mated.
     std::string_view id;
+    std::vector<std::string> passedOver;
 };
 
 [[noreturn]] void Throw(const TUserText& text) {
@@ -71,11 +72,8 @@ std::string_view TakeOperation(std::string_view& rest) {
     return operation;
 }
 
-/// N of "#N" or "#-N"; none for the moves that bm may name as well.
-std::optional<int> MovesToMate(std::string_view operand) {
-    if (!operand.starts_with('#')) {
-        return std::nullopt;
-    }
+/// N of "#N" or "#-N".
+int MovesToMate(std::string_view operand) {
     operand.remove_prefix(1);
     int moves = 0;
     const auto [end, error] = std::from_chars(operand.begin(), operand.end(), moves);
@@ -93,11 +91,14 @@ TEpdOperations ReadOperations(std::string_view rest) {
         std::string_view operand = TakeOperation(rest);
         const std::string_view opcode = TakeWord(operand);
         operand = Trimmed(operand);
-        if (opcode == "bm" && !operations.moves) {
+        // bm may name moves as well.
+        if (opcode == "bm" && !operations.moves && operand.starts_with('#')) {
             operations.moves = MovesToMate(operand);
         } else if (opcode == "id") {
             const bool bQuoted = operand.size() >= 2 && operand.starts_with('"');
             operations.id = bQuoted ? operand.substr(1, operand.size() - 2) : operand;
+        } else if (!opcode.empty()) {
+            operations.passedOver.push_back(ForMessage(opcode));
         }
     }
     if (!operations.moves) {
@@ -149,7 +150,8 @@ void ReadLine(std::string_view line, int nLine, int id, TEpdFile& file) {
     if (bBlackMates) {
         TransformPosition(TTransform::SwapColours, board);
     }
-    file.problems.push_back({MakeProblem(board, id, operations), nLine, bBlackMates});
+    file.problems.push_back(
+        {MakeProblem(board, id, operations), nLine, bBlackMates, operations.passedOver});
 }
 
 }  // namespace

@@ -24,6 +24,7 @@ struct TEpdProblem {
     std::unique_ptr<TChessProblem> pProblem;
     int nLine = 0;
     bool bColoursSwapped = false;
+    std::vector<std::string> passedOver;  ///< Names of the operations whose content is lost.
 };
 
 struct TEpdNote {

@@ -492,4 +492,18 @@ std::uint64_t TAggregatedTemporaryChessboardRegister::TotalBytesUsed() const noe
     return bytes;
 }
 
+std::optional<std::uint64_t> TAggregatedTemporaryChessboardRegister::TotalBytesUsedSoon()
+    const noexcept {
+    if (!m_lock.LockReadSoon()) {
+        return std::nullopt;
+    }
+    std::optional<std::uint64_t> bytes = BytesUsedSoon();
+    for (auto layer = m_layers.begin(); bytes && layer != m_layers.end(); ++layer) {
+        const std::optional<std::uint64_t> more = layer->second->m_register.BytesUsedSoon();
+        bytes = more ? std::optional(*bytes + *more) : std::nullopt;
+    }
+    m_lock.UnlockRead();
+    return bytes;
+}
+
 }  // namespace tarnwick

@@ -16,6 +16,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -73,7 +74,13 @@ class TAggregatedTemporaryChessboardRegister final : public TTemporaryChessboard
                                std::uint32_t heuristics, std::uint32_t heurParams) const noexcept {
         return FindResult(nMoves, position, HashOf(position), heuristics, heurParams);
     }
-    /// The same, with QuickerMate: a mate is known that is longer than nMoves but not than
+    /// Mate, NoMate or Unknown, of what is proved, for those who must not wait: nothing while the register is
+    /// busy with something long.
+    std::optional<TRegisterResult> FindProvedSoon(
+        std::uint16_t nMoves, const TChessboardRegisterItem& position) const noexcept {
+        return QuerySoon(nMoves, position, HashOf(position));
+    }
+    /// FindResult, with QuickerMate: a mate is known that is longer than nMoves but not than
     /// nMovesExtended allows (nMoves >= nMovesExtended, which holds only when that sum wrapped round).
     TRegisterResult FindResultForQuickerMate(std::uint16_t nMoves, std::uint16_t nMovesExtended,
                                              const TChessboardRegisterItem& position,
@@ -143,8 +150,10 @@ class TAggregatedTemporaryChessboardRegister final : public TTemporaryChessboard
     /// The layer, null if there is none. Valid until the next Clear, SetBucketCount or end of the job.
     const TDoubtfulRegister* FindDoubtful(std::int64_t key) const noexcept;
 
-    /// Memory of all layers in bytes, for the display.
+    /// Memory of all layers in bytes.
     std::uint64_t TotalBytesUsed() const noexcept;
+    /// The same for a display, which must not wait: nothing while the register is busy with something long.
+    std::optional<std::uint64_t> TotalBytesUsedSoon() const noexcept;
 
   private:
     struct TDoubtfulLayer;

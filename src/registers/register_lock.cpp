@@ -10,6 +10,7 @@ namespace tarnwick {
 namespace {
 
 constexpr int SpinsBeforeYield = 64000;
+constexpr int SpinsOfTheImpatient = 2000;
 
 /// A number of its own for each thread, from 1.
 std::uint32_t ThreadNumber() noexcept {
@@ -61,6 +62,32 @@ void TRegisterLock::UnlockWrite() noexcept {
     }
     m_owner.store(0, std::memory_order_relaxed);
     m_writer.exchange(0);
+}
+
+bool TRegisterLock::TryLockRead() noexcept {
+    if (m_writersWaiting.load(std::memory_order_relaxed) != 0 ||
+        m_writer.load(std::memory_order_relaxed) != 0) {
+        return false;
+    }
+    m_activeReaders.fetch_add(1);
+    if (m_writer.load() == 0) {
+        return true;
+    }
+    m_activeReaders.fetch_sub(1);
+    return false;
+}
+
+bool TRegisterLock::LockReadSoon() noexcept {
+    if (m_owner.load(std::memory_order_relaxed) == ThreadNumber()) {
+        m_activeReaders.fetch_add(1);
+        return true;
+    }
+    for (int spins = 0; spins < SpinsOfTheImpatient; ++spins) {
+        if (TryLockRead()) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void TRegisterLock::LockRead() noexcept {

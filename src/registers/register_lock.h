@@ -22,10 +22,14 @@ class TRegisterLock {
     void LockWrite() noexcept;
     void UnlockWrite() noexcept;
     void LockRead() noexcept;
+    /// Waits some microseconds at most: longer than a query or a store takes, not as long as a sweep or
+    /// a clearing. False: not locked.
+    bool LockReadSoon() noexcept;
     void UnlockRead() noexcept { m_activeReaders.fetch_sub(1, std::memory_order_release); }
 
   private:
     bool TryTakeFlag(std::uint32_t self) noexcept;
+    bool TryLockRead() noexcept;
     void WaitForReaders() noexcept;
 
     std::atomic<std::uint32_t> m_writer{0};          ///< 1 while a writer has or awaits the lock.

@@ -9,11 +9,11 @@
 #include <string>
 #include <string_view>
 
+#include "base/byte_source.h"
 #include "base/chess_exception.h"
 #include "base/little_endian.h"
 #include "platform/atomic_file.h"
 
-#include "registers/byte_source.h"
 #include "registers/register_record_check.h"
 
 namespace tarnwick {

@@ -17,6 +17,14 @@ TRecordValues WithResult(TRecordValues values, std::uint16_t nMoves, bool bThere
     return values;
 }
 
+TRegisterResult ResultOf(std::uint16_t nMoves, TRecordValues values) {
+    if (values.m_second != 0 && nMoves <= values.m_second) {
+        return TRegisterResult::NoMate;
+    }
+    return values.m_first != 0 && nMoves >= values.m_first ? TRegisterResult::Mate
+                                                           : TRegisterResult::Unknown;
+}
+
 bool IsContradiction(TRecordValues values) {
     return values.m_first != 0 && values.m_second >= values.m_first;
 }
@@ -53,12 +61,20 @@ template <int Layer>
 TRegisterResult TTemporaryChessboardRegister<Layer>::Query(std::uint16_t nMoves,
                                                            const TChessboardRegisterItem& position,
                                                            TPositionHash hash) const noexcept {
-    const TRecordValues values = FindValues(position, hash);
-    if (values.m_second != 0 && nMoves <= values.m_second) {
-        return TRegisterResult::NoMate;
+    return ResultOf(nMoves, FindValues(position, hash));
+}
+
+template <int Layer>
+std::optional<TRegisterResult> TTemporaryChessboardRegister<Layer>::QuerySoon(
+    std::uint16_t nMoves, const TChessboardRegisterItem& position,
+    TPositionHash hash) const noexcept {
+    if (!m_tableLock.LockReadSoon()) {
+        return std::nullopt;
     }
-    return values.m_first != 0 && nMoves >= values.m_first ? TRegisterResult::Mate
-                                                           : TRegisterResult::Unknown;
+    const TRecordNumber record = m_map.Find(position, hash);
+    const TRecordValues values = record == NoRecord ? TRecordValues{} : m_map.Values(record);
+    m_tableLock.UnlockRead();
+    return ResultOf(nMoves, values);
 }
 
 template <int Layer>
@@ -199,6 +215,16 @@ template <int Layer>
 std::uint64_t TTemporaryChessboardRegister<Layer>::BytesUsed() const noexcept {
     const TRegisterReadGuard guard(m_tableLock);
     return m_map.BytesUsed();
+}
+
+template <int Layer>
+std::optional<std::uint64_t> TTemporaryChessboardRegister<Layer>::BytesUsedSoon() const noexcept {
+    if (!m_tableLock.LockReadSoon()) {
+        return std::nullopt;
+    }
+    const std::uint64_t bytes = m_map.BytesUsed();
+    m_tableLock.UnlockRead();
+    return bytes;
 }
 
 template class TTemporaryChessboardRegister<0>;

@@ -29,6 +29,10 @@ class TTemporaryChessboardRegister : public TChessboardRegister<bool> {
     /// Mate, NoMate or Unknown.
     TRegisterResult Query(std::uint16_t nMoves, const TChessboardRegisterItem& position,
                           TPositionHash hash) const noexcept;
+    /// The same for those who must not wait: nothing while the table is swept, cleared or written to a file.
+    std::optional<TRegisterResult> QuerySoon(std::uint16_t nMoves,
+                                             const TChessboardRegisterItem& position,
+                                             TPositionHash hash) const noexcept;
     /// NoMate or Unknown: what a doubtful layer may say.
     TRegisterResult QueryNoMate(std::uint16_t nMoves, const TChessboardRegisterItem& position,
                                 TPositionHash hash) const noexcept;
@@ -80,6 +84,7 @@ class TTemporaryChessboardRegister : public TChessboardRegister<bool> {
     std::uint32_t BucketCount() const noexcept;
     /// Memory of the table in bytes, with what finds the records.
     std::uint64_t BytesUsed() const noexcept;
+    std::optional<std::uint64_t> BytesUsedSoon() const noexcept;
 
   private:
     TRegisterCombinedMap m_map;

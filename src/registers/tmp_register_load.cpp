@@ -8,11 +8,11 @@
 #include <system_error>
 #include <vector>
 
+#include "base/byte_source.h"
 #include "base/chess_exception.h"
 #include "base/little_endian.h"
+#include "base/lz4_block.h"
 
-#include "registers/byte_source.h"
-#include "registers/lz4_block.h"
 #include "registers/register_file_texts.h"
 #include "registers/register_record_check.h"
 #include "registers/tmp_register_file.h"

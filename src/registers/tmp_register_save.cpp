@@ -12,9 +12,9 @@
 
 #include "base/chess_exception.h"
 #include "base/little_endian.h"
+#include "base/lz4_block.h"
 #include "platform/atomic_file.h"
 
-#include "registers/lz4_block.h"
 #include "registers/register_file_texts.h"
 #include "registers/tmp_register_file.h"
 #include "registers/tmp_register_stream.h"

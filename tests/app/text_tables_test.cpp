@@ -12,18 +12,27 @@
 #include <vector>
 
 #include "base/encoding.h"
+#include "base/file_fault_texts.h"
 #include "base/language.h"
 
+#include "app/clipboard/clipboard_texts.h"
 #include "app/commands/all_names.h"
 #include "app/commands/commands_texts.h"
 #include "app/commands/tooltip_texts.h"
 #include "app/document/document_texts.h"
+#include "app/document/loss_texts.h"
 #include "app/document/play_texts.h"
 #include "app/settings/settings_texts.h"
+#include "app/setup/setup_texts.h"
 #include "app/shell/shell_texts.h"
 #include "app/shell/window_texts.h"
 #include "app/solving/solving_texts.h"
 #include "app/view/view_texts.h"
+#include "diagram/picture_texts.h"
+#include "diagram/recognition_texts.h"
+#include "problems/export_texts.h"
+#include "tables/register/register_texts.h"
+#include "tables/table_file_texts.h"
 
 namespace tarnwick {
 namespace {
@@ -34,11 +43,25 @@ struct TTextTable {
 };
 
 const TTextTable Tables[] = {
-    {"commands", AllCommandsTexts}, {"command names", AllCommandNames},
-    {"document", AllDocumentTexts}, {"play", AllPlayTexts},
-    {"settings", AllSettingsTexts}, {"shell", AllShellTexts},
-    {"solving", AllSolvingTexts},   {"tooltips", AllTooltipTexts},
-    {"view", AllViewTexts},         {"window", AllWindowTexts},
+    {"file faults", AllFileFaultTexts},
+    {"table files", AllTableFileTexts},
+    {"registers of tables", AllRegisterTexts},
+    {"clipboard", AllClipboardTexts},
+    {"losses", AllLossTexts},
+    {"setup", AllSetupTexts},
+    {"commands", AllCommandsTexts},
+    {"command names", AllCommandNames},
+    {"diagram recognition", AllRecognitionTexts},
+    {"document", AllDocumentTexts},
+    {"play", AllPlayTexts},
+    {"settings", AllSettingsTexts},
+    {"shell", AllShellTexts},
+    {"solving", AllSolvingTexts},
+    {"tooltips", AllTooltipTexts},
+    {"export", AllExportTexts},
+    {"pictures", AllPictureTexts},
+    {"view", AllViewTexts},
+    {"window", AllWindowTexts},
 };
 
 template <typename TCheck>

@@ -10,15 +10,21 @@ import pathlib
 import pty
 import re
 import select
+import shutil
 import signal
 import struct
 import subprocess
 import tempfile
 import time
 import unittest
+import zlib
+from xml.etree import ElementTree
 
 CLI = os.environ.get("TARNWICK_CLI", "tarnwick-cli")
 DATA = pathlib.Path(os.environ.get("TARNWICK_SHARED_DATA_DIR", os.environ.get("TARNWICK_DATA", "")))
+SAMPLE = pathlib.Path(__file__).parents[2] / "problems" / "sample_problems.cp"
+WINDOW = os.environ.get("TARNWICK_WINDOW") or None
+PGN_READER = shutil.which("pgn-extract", path=os.environ.get("PATH", "") + ":/usr/games")
 
 MATE_2 = "7k/8/5K2/8/8/8/8/6R1"  # only key Kf7
 MATE_2_SWAPPED = "6r1/8/8/8/8/5k2/8/7K"
@@ -26,7 +32,7 @@ START = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR"  # with a long stipulation
 ENDLESS = "7k/8/p1p1p1p1/PpPpPpPp/1P1P1P1P/8/8/K1B5"
 FOUR_KEYS = "7k/8/5KQ1/8/8/8/8/RR6"  # mates in one
 FIELDS = ["id", "fen", "mate", "status", "keys", "all", "exact", "nodes", "ms", "message", "safe_mode",
-          "register", "passes", "pass_found"]
+          "register", "table_hits", "passes", "pass_found"]
 PASS_FIELDS = ["name", "heuristics", "nodes", "ms", "keys", "result", "complete"]
 
 
@@ -93,6 +99,7 @@ class Usage(CliCase):
     def test_help_of_all_commands_has_their_options(self):
         for command, word in [("solve", "--mate"), ("show", "--unicode"), ("lint", "--json"),
                               ("format", "--in-place"), ("analyze", "--no-trials"),
+                              ("convert", "--to"), ("diagram", "--black-below"),
                               ("perft", "--divide"), ("bench", "--json")]:
             out, err = self.expect(0, command, "--help")
             self.assertIn(word, out)
@@ -111,6 +118,10 @@ class Usage(CliCase):
                       ["solve", "a.cp", "--time", "nan"], ["solve", "a.cp", "--time", "1s"],
                       ["solve", "a.cp", "--nodes", "-1"], ["solve", "a.cp", "--memory", "x"],
                       ["perft"], ["perft", "-1"], ["lint"], ["format"], ["bench", "x"],
+                      ["convert"], ["convert", "a.cp"], ["convert", "a.cp", "-"],
+                      ["convert", "a.cp", "b.txt"], ["convert", "a.cp", "b.cp", "--to", "doc"],
+                      ["diagram"], ["diagram", "--fen", MATE_2, "--size", "5"],
+                      ["diagram", "--fen", MATE_2, "--style", "baroque"],
                       ["format", "a.cp", "--in-place", "-o", "b.cp"]):
             out, err = self.expect(2, *words)
             self.assertEqual(out, "", words)
@@ -150,7 +161,7 @@ class SolveJson(CliCase):
         self.assertEqual([one["name"] for one in passes if one["keys"]], [found["pass_found"]])
         self.assertEqual(found, dict(zip([f for f in FIELDS if f != "passes"],
                                          [1, MATE_2, 2, "mate", ["Kf6-f7"], True, True, 0, 0, "",
-                                          True, 0, "0"])))
+                                          True, 0, 0, "0"])))
 
     def test_no_mate_is_a_proof(self):
         [found] = self.solve_json(1, "--fen", MATE_2, "--mate", "1")
@@ -704,6 +715,200 @@ class Format(CliCase):
         path = self.write("a.cp", problem(1, "#2"))
         _, err = self.expect(5, "format", path, "-o", self.folder / "none" / "b.cp")
         self.assertIn("b.cp", err)
+
+
+VARIANTS = """//!VARIANTS
+//!{Main variant} Kf6-f7[the {key}] Kh8-h7[forced] Rg1-h1
+//!{a try} Rg1-g2 Kh8-h7 Rg2-g1[too slow; "sorry" \\]
+//!ENDVARIANTS
+"""
+CASTLING = """3 #3
+//!VARIANTS
+//!{both ways} 0-0 0-0-0 Rf1-f7
+//!{capture} Rh1:h8 Ke8-f7
+//!ENDVARIANTS
+{
+\tDescription: J. Nowak, Szachy, 1956: two castlings
+\tFEN: r3k2r/8/8/8/8/8/8/R3K2R
+\tAnswer: 0-0, 0-0-0, Ra1:a8
+}
+"""
+
+
+class Convert(CliCase):
+    def problems(self):
+        return self.write("a.cp", "UTF-8\n" + problem(1, "#2\n" + VARIANTS, answer="\tAnswer: Kf6-f7\n") +
+                          problem(2, "s#2") + CASTLING)
+
+    def test_epd_and_back_keeps_what_epd_knows(self):
+        out, err = self.expect(3, "convert", self.problems(), "-", "--to", "epd")
+        self.assertEqual(out.splitlines(), [
+            f"{MATE_2} w - - bm #2; pm Kf7;",
+            'r3k2r/8/8/8/8/8/8/R3K2R w KQkq - bm #3; id "J. Nowak, Szachy, 1956: two castlings"; '
+            'c0 "keys: O-O, O-O-O, Rxa8+";'])
+        self.assertRegex(err, r"a\.cp:\d+: problem 1 loses: variants\n")
+        self.assertRegex(err, r"a\.cp:\d+: problem 2 is left out: EPD")
+        path = self.write("b.epd", out)
+        back = self.folder / "c.cp"
+        _, err = self.expect(0, "convert", path, back)
+        self.assertIn("b.epd: operations of 2 lines are lost: c0, pm", err)
+        self.assertIn("Description: J. Nowak, Szachy, 1956: two castlings\n", back.read_text())
+        again = self.folder / "d.epd"
+        self.expect(0, "convert", back, again)
+        self.assertEqual(re.sub(r' (pm|c0) [^;]*;', "", out), again.read_text())
+
+    def test_every_command_takes_epd(self):
+        path = self.write("a.epd", f'# mine\n{MATE_2} w - - bm #2; id "x";\n')
+        for words in (["solve"], ["show"], ["lint"], ["format"], ["analyze"], ["diagram"]):
+            self.expect(0, *words, path)
+        self.expect(0, "convert", path, self.folder / "a.pgn")
+
+    def test_numbers_and_endings_choose(self):
+        target = self.folder / "B.PGN"
+        self.assertEqual(self.expect(0, "convert", self.problems(), target, "--id", "3")[0], "")
+        text = target.read_text(encoding="utf-8")
+        self.assertEqual(re.findall(r'\[(?:Event|Date|White|Round) "(.*)"\]', text),
+                         ["Szachy", "1956.??.??", "3", "J. Nowak"])
+        self.expect(2, "convert", self.problems(), target, "--id", "9")
+        out, _ = self.expect(0, "convert", self.problems(), "-", "--to", "cp", "--id", "2")
+        self.assertIn("2 s#2\n", out)
+        self.assertNotIn("#3", out)
+
+    def test_loss_of_many_problems_is_told_once(self):
+        path = self.write("a.cp", "".join(problem(i, "#2 AllSolutions") for i in range(1, 6)))
+        _, err = self.expect(0, "convert", path, "-", "--to", "pgn")
+        self.assertEqual(err, f"{path}: 5 problems, from number 1 on, lose: options of the problem\n")
+
+    def test_black_to_mate_is_told(self):
+        path = self.write("a.epd", f"{MATE_2_SWAPPED} b - - bm #2;\n")
+        out, err = self.expect(0, "convert", path, "-", "--to", "epd")
+        self.assertEqual(out, f"{MATE_2} w - - bm #2;\n")
+        self.assertIn("a.epd:1: Black was to mate", err)
+
+    def test_nothing_is_written_over_what_cannot_be_read(self):
+        target = self.write("b.pgn", "precious")
+        self.expect(3, "convert", self.write("a.cp", "1 #2 {"), target)
+        self.expect(3, "convert", self.write("c.cp", problem(2, "s#2")), self.folder / "b.epd")
+        self.assertEqual(pathlib.Path(target).read_text(), "precious")
+        self.assertFalse((self.folder / "b.epd").exists())
+        self.expect(5, "convert", self.problems(), self.folder / "none" / "b.pgn")
+
+
+@unittest.skipIf(PGN_READER is None, "pgn-extract is not installed")
+class PgnOfOthers(CliCase):
+    """Another program reads our games: the same moves, and no complaint."""
+
+    def read_back(self, path):
+        """The games in long notation, as the other program understands them."""
+        pgn = self.folder / "a.pgn"
+        self.expect(0, "convert", path, pgn)
+        done = subprocess.run([PGN_READER, "-Welalg", "-w100000", pgn], capture_output=True, text=True,
+                              encoding="utf-8", check=False)
+        log = [line for line in done.stderr.splitlines()[1:] if line.strip()]
+        games = done.stdout.count("[Event ")
+        self.assertEqual(log[-1], f"{games} game{'s' * (games != 1)} matched out of {games}.")
+        self.assertNotRegex(done.stderr, r"(?i)illegal|unknown|error|missing|unexpected|line \d+|fail")
+        return done.stdout
+
+    def moves_of(self, games):
+        """All moves in the order of the text, as their fields and the figure of a promotion."""
+        bare = re.sub(r"^\[.*$|\{[^}]*\}", " ", games, flags=re.M)
+        found = re.findall(r"([a-h][1-8])x?([a-h][1-8])=?([QRBN]?)", bare)
+        return ["".join(parts) for parts in found]
+
+    def our_moves(self, text):
+        """The same of moves in our notation, White's first."""
+        castlings = [{"0-0": "e1g1", "0-0-0": "e1c1"}, {"0-0": "e8g8", "0-0-0": "e8c8"}]
+        return [castlings[ply % 2].get(move) or
+                re.sub(r"^[KQRBN]?(..)[-:](..)([QRBN]?)$", r"\1\2\3", move)
+                for ply, move in enumerate(text.split())]
+
+    def test_sample_and_shared_problems(self):
+        for path in [SAMPLE, *sorted(DATA.glob("*.cp"))]:
+            if not path.is_file():
+                continue
+            games = self.read_back(path)
+            answers = re.findall(r"^\s*Answer:\s*(.*)$", path.read_text(encoding="utf-8"), re.M)
+            keys = [key for answer in answers for key in re.split(r",\s*", answer)]
+            self.assertEqual(self.moves_of(games), [self.our_moves(key)[0] for key in keys], path)
+
+    def test_variants_with_comments(self):
+        text = "UTF-8\n" + problem(1, "#2\n" + VARIANTS, answer="\tAnswer: Kf6-f7\n") + CASTLING
+        games = self.read_back(self.write("a.cp", text))
+        self.assertEqual(self.moves_of(games),
+                         ["f6f7", "g1g2", "h8h7", "g2g1", "h8h7", "g1h1",
+                          "e1g1", "e1c1", "a1a8", "h1h8", "e8f7", "e8c8", "f1f7"])
+        self.assertIn('too slow; "sorry" \\', games)
+
+    def test_lines_of_random_games(self):
+        lines = [
+            "e2-e4 d7-d5 e4:d5 c7-c5 d5:c6 Ng8-f6 c6:b7 Bc8-d7 b7:a8Q Qd8-b6 Ng1-f3 e7-e6 Bf1-e2 "
+            "Bf8-d6 0-0 0-0 Nb1-c3 Rf8-d8 Nf3-g5 Bd7-c6 Qa8:b8 Rd8:b8",
+            "d2-d4 f7-f5 g2-g4 f5:g4 h2-h3 g4-g3 f2-f4 g3-g2 Ng1-f3 g2:h1N Nf3-e5 Nh1-g3 e2-e4 Ng3:f1"]
+        text = "".join(problem(number, "", f"FEN: {START}\n\tMoves: {line}")
+                       for number, line in enumerate(lines, 1))
+        games = self.read_back(self.write("a.cp", text))
+        self.assertEqual(self.moves_of(games), self.our_moves(lines[0]) + self.our_moves(lines[1]))
+
+
+class Diagram(CliCase):
+    def test_svg_is_well_formed_and_carries_the_position(self):
+        fen = "r3k2r/8/8/3pP3/8/8/8/R3K2R b Kq - 3 12"
+        out, err = self.expect(0, "diagram", "--fen", fen, "--coordinates", "--style", "hatched")
+        self.assertEqual(err, "")
+        root = ElementTree.fromstring(out)
+        self.assertEqual(root.get("width"), "480")
+        self.assertEqual(root.find(".//{https://tarnwick.invalid/ns/diagram}fen").text, fen)
+
+    def test_names_of_several_pictures(self):
+        text = problem(1, "#2", f"Description: a <b> & c\n\tFEN: {MATE_2}") + problem(5, "s#3")
+        path = self.write("a.cp", text)
+        for words in ([], ["-o", self.folder / "x.svg"], ["-o", self.folder / "x.bmp"]):
+            out, err = self.expect(2, "diagram", path, *words)
+            self.assertEqual(out, "")
+            self.assertNotEqual(err, "")
+        self.expect(0, "diagram", path, "-o", self.folder)
+        self.expect(0, "diagram", path, "--stipulation", "-o", self.folder / "p%d.svg")
+        self.expect(0, "diagram", path, "--id", "5", "-o", self.folder / "x.svg")
+        self.assertEqual(sorted(os.listdir(self.folder)), ["a.cp", "p1.svg", "p5.svg", "problem-1.svg",
+                                                           "problem-5.svg", "x.svg"])
+        five = ElementTree.parse(self.folder / "p5.svg").getroot()
+        self.assertIn("s#3", "".join(five.itertext()))
+        one = ElementTree.parse(self.folder / "p1.svg").getroot()
+        self.assertEqual(one.find("{http://www.w3.org/2000/svg}title").text, "a <b> & c")
+        self.expect(5, "diagram", path, "--id", "5", "-o", self.folder / "none" / "x.svg")
+
+    def test_png_without_its_painter_says_what_to_do(self):
+        alone = self.folder / "tarnwick-cli"
+        alone.write_bytes(pathlib.Path(CLI).read_bytes())
+        alone.chmod(0o755)
+        target = self.folder / "x.png"
+        done = subprocess.run([alone, "diagram", "--fen", MATE_2, "-o", target], capture_output=True,
+                              text=True, env={**os.environ, "PATH": "/nowhere"}, check=False)
+        self.assertEqual(done.returncode, 3)
+        self.assertIn(".svg", done.stderr)
+        self.assertFalse(target.exists())
+
+    @unittest.skipIf(WINDOW is None, "the program with the window is not built")
+    def test_png_has_its_size_and_the_position(self):
+        environment = {name: value for name, value in os.environ.items() if name not in ("DISPLAY", "WAYLAND_DISPLAY")}
+        path = self.write("a.epd", f"{MATE_2} w - - bm #2;\n" * 40)
+        done = subprocess.run([CLI, "diagram", path, "--size", "200", "--stipulation", "-o",
+                               self.folder / "%d.png"], capture_output=True, text=True, env=environment,
+                              timeout=120, check=False)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        for number in (1, 40):
+            png = (self.folder / f"{number}.png").read_bytes()
+            chunks, at = {}, 8
+            while at < len(png):
+                length, kind = struct.unpack_from(">I4s", png, at)
+                content = png[at + 8:at + 8 + length]
+                self.assertEqual(struct.unpack_from(">I", png, at + 8 + length)[0],
+                                 zlib.crc32(kind + content))
+                chunks.setdefault(kind, content)
+                at += 12 + length
+            self.assertEqual(struct.unpack_from(">I", chunks[b"IHDR"])[0], 200)
+            self.assertEqual(chunks[b"tEXt"], f"FEN\0{MATE_2} w - - 0 1".encode())
 
 
 class Perft(CliCase):

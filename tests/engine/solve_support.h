@@ -72,9 +72,11 @@ inline TSolveResult Solve(const std::string& fen, int moves, const TEngineOption
 class CSearchLine {
   public:
     /// plies: odd for White to move at the root, even for Black.
-    CSearchLine(const std::string& fen, int plies, const TEngineOptions& options = AllKeysWanted())
+    CSearchLine(const std::string& fen, int plies, const TEngineOptions& options = AllKeysWanted(),
+                std::shared_ptr<TGlobalRegisterSet> tables = nullptr)
         : m_root(BoardOf(fen)) {
         m_task.m_options = options;
+        m_task.m_pTables = std::move(tables);
         m_task.m_shPlies = m_task.m_shRepetitionFrom = static_cast<std::uint16_t>(plies);
         m_pThread = std::make_unique<TThreadContext>(
             m_task, MemoryForPlies(m_task.m_shPlies, options.positionMemoryMiB));
@@ -82,6 +84,9 @@ class CSearchLine {
         m_root.m_pTask = &m_task;
         m_root.m_pThread = m_pThread.get();
         m_root.m_pass = 2;
+        if (m_pThread->m_pTables != nullptr) {
+            m_root.m_searchFlags.Set(TSearchFlag::GlobalRegisterMayHold);
+        }
         m_pThread->m_pRootBoard = &m_root;
         m_pBoard = &m_root;
     }

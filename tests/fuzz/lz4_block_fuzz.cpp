@@ -6,10 +6,9 @@
 #include <cstdlib>
 #include <vector>
 
+#include "base/byte_source_support.h"
 #include "base/chess_exception.h"
-
-#include "registers/byte_source_support.h"
-#include "registers/lz4_block.h"
+#include "base/lz4_block.h"
 
 namespace tarnwick {
 namespace {

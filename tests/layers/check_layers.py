@@ -15,10 +15,12 @@ MAY_INCLUDE = {
     "platform": ["base"],
     "chess": ["base"],
     "problems": ["base", "platform", "chess"],
+    "diagram": ["base", "chess"],
     "registers": ["base", "platform", "chess"],
-    "engine": ["base", "platform", "chess", "problems", "registers"],
-    "cli": ["base", "platform", "chess", "problems", "registers", "engine"],
-    "app": ["base", "platform", "chess", "problems", "registers", "engine"],
+    "tables": ["base", "platform", "chess"],
+    "engine": ["base", "platform", "chess", "problems", "registers", "tables"],
+    "cli": ["base", "platform", "chess", "problems", "diagram", "registers", "tables", "engine"],
+    "app": ["base", "platform", "chess", "problems", "diagram", "registers", "tables", "engine"],
 }
 
 # Written into the build folder from these templates.

@@ -12,6 +12,7 @@
 namespace tarnwick {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
@@ -38,6 +39,7 @@ TEST(EpdReader, ReadsMatesWithTheirNamesAndPassesOtherOperationsOver) {
     EXPECT_EQ(file.problems[1].pProblem->m_description, L"x\u0142");
     EXPECT_EQ(file.problems[1].pProblem->m_shPlies, 5);
     EXPECT_EQ(file.problems[1].nLine, 4);
+    EXPECT_THAT(file.problems[1].passedOver, ElementsAre("acd", "dm", "c0", "bm"));
     EXPECT_EQ(file.problems[2].pProblem->m_id, 3);
     EXPECT_TRUE(file.notes.empty());
 }

@@ -62,6 +62,17 @@ TEST(ThreadsRegisterLock, ReadersNeverSeeAHalfWrittenValue) {
     EXPECT_EQ(faults, 0);
     EXPECT_EQ(values[0], 6000u);
 
+    // Whoever must not wait is not held up by a writer, and not shut out for ever.
+    lock.LockWrite();
+    std::thread([&] { EXPECT_FALSE(lock.LockReadSoon()); }).join();
+    EXPECT_TRUE(lock.LockReadSoon()) << "the writer's own";
+    lock.UnlockRead();
+    lock.UnlockWrite();
+    std::thread([&] {
+        EXPECT_TRUE(lock.LockReadSoon());
+        lock.UnlockRead();
+    }).join();
+
     // Readers do not shut each other out.
     lock.LockRead();
     std::thread([&] { const TRegisterReadGuard guard(lock); }).join();

@@ -15,9 +15,9 @@
 
 #include "base/chess_exception.h"
 #include "base/little_endian.h"
+#include "base/lz4_block.h"
 
 #include "chess/fen.h"
-#include "registers/lz4_block.h"
 #include "support/child_process.h"
 #include "support/random_positions.h"
 #include "support/temp_folder.h"

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTest>
+#include <QToolTip>
 #include <algorithm>
 #include <cstdlib>
 #include <vector>
@@ -211,15 +213,41 @@ TEST_F(BoardWidget, OnlyFieldsThatChangedAreRepainted) {
     m_board.removeEventFilter(&watch);
 }
 
-TEST_F(BoardWidget, WithoutMovesClicksAreReportedAsTheyAre) {
+TEST_F(BoardWidget, WhileSettingUpClicksAreReportedAsTheyAre) {
     std::vector<int> pressed;
     QObject::connect(&m_board, &CBoardWidget::fieldPressed,
                      [&](int field, Qt::MouseButton) { pressed.push_back(field); });
-    m_board.ShowBoard(m_line.Board(), false);
+    m_board.ShowSetup(m_line.Board(), {});
     Drag("e2", "e4");
     QTest::mouseClick(&m_board, Qt::RightButton, {}, Centre("h8"));
     EXPECT_EQ(pressed, (std::vector<int>{FieldOf("e2"), H8}));
+    m_board.ShowBoard(m_line.Board(), false);
+    Drag("e2", "e4");
+    EXPECT_EQ(pressed.size(), 2U) << "no moves and no setting up";
     EXPECT_TRUE(m_wanted.empty());
+}
+
+TEST_F(BoardWidget, TooltipsTellOfTheFieldAndTheLastMove) {
+    const auto told = [&](const QPoint& place) {
+        QHelpEvent help(QEvent::ToolTip, place, m_board.mapToGlobal(place));
+        QApplication::sendEvent(&m_board, &help);
+        return QToolTip::text().toStdString();
+    };
+    EXPECT_EQ(told(Centre("d5")), "d5, black knight");
+    EXPECT_EQ(told(Centre("e4")), "e4, empty");
+    QTest::mousePress(&m_board, Qt::LeftButton, {}, Centre("e2"));
+    QTest::mouseMove(&m_board, Centre("e3"));
+    told(Centre("d5"));
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 5000))
+        << "nobody reads while he drags";
+    QTest::mouseRelease(&m_board, Qt::LeftButton, {}, Centre("e2"));
+    TChessboard after = m_line.Board();
+    after.m_pPrevious = &m_line.Board();
+    after.m_lastMove.from = static_cast<TField>(FieldOf("e2"));
+    after.m_lastMove.to = static_cast<TField>(FieldOf("e4"));
+    m_board.ShowBoard(after);
+    EXPECT_EQ(told(Centre("e4")), "e4, empty, last move came here");
+    m_board.ShowBoard(m_line.Board());
 }
 
 }  // namespace

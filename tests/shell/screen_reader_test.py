@@ -11,10 +11,12 @@ import tempfile
 import time
 
 import pyatspi
+from gi.repository import GLib
 
 PLAIN = (pyatspi.ROLE_PUSH_BUTTON, pyatspi.ROLE_CHECK_BOX, pyatspi.ROLE_TEXT, pyatspi.ROLE_TABLE,
          pyatspi.ROLE_LIST, pyatspi.ROLE_MENU_ITEM)
 FIELDS = 64
+A1, A6 = 0, 40
 
 
 def nodes_below(node):
@@ -69,13 +71,39 @@ def faults_of(board):
             yield f"a {node.getRoleName()} without a name"
 
 
+def hear_last_move(board, seconds):
+    """Plays the rook from a1 to a6 by the fields' actions. What the board says of it, unasked."""
+    heard = []
+
+    def listen(event):
+        event.source.clearCache()
+        if "Last move" in event.source.description:
+            heard.append(event.source.description)
+
+    pyatspi.Registry.registerEventListener(listen, "object:property-change:accessible-description")
+    for field in (A1, A6):
+        board.getChildAtIndex(field).queryAction().doAction(0)
+    end = time.monotonic() + seconds
+    while not heard and time.monotonic() < end:
+        GLib.MainContext.default().iteration(False)
+        time.sleep(0.01)
+    return heard
+
+
+def faults_of_move(board):
+    heard = hear_last_move(board, 10)
+    if not heard or "white rook from a1 to a6" not in heard[0]:
+        yield f"the last move is not announced: {heard}"
+
+
 def main():
     program, problems = sys.argv[1:3]
     with tempfile.TemporaryDirectory() as home:
         window = subprocess.Popen([program, "--home", home, problems])
         try:
             board = wait_for_board(30)
-            faults = list(faults_of(board)) if board is not None else ["no board was found"]
+            faults = ([*faults_of(board), *faults_of_move(board)] if board is not None
+                      else ["no board was found"])
         finally:
             window.kill()
             window.wait()

@@ -2,12 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMenuBar>
 
 #include "app/document/variants.h"
 #include "app/shell/text_dialog.h"
 #include "app/view/legal_moves.h"
+#include "chess/fen.h"
+#include "problems/cp_file_reader.h"
 #include "problems/cp_writer.h"
 #include "window_support.h"
 
@@ -135,6 +138,75 @@ TEST(WindowFlow, LanguageReachesMenusAndOptionsFile) {
     EXPECT_EQ(firstMenu(), "&File");
 }
 
+std::string TextOfFile(const fs::path& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST(WindowFlow, ColoursAreRememberedAndObeyed) {
+    TTestWindow test;
+    test.pWindow->SetDarkColours(false);
+    test.pWindow->Run(TCommand::DarkColours);
+    const TOptions kept = ReadOptions(test.folder / "options.ini").options;
+    EXPECT_EQ(kept.colours, TColours::Dark);
+    const auto lightness = [](TColours colours) {
+        CScriptedWindowDialog dialog;
+        TProgramSettings settings;
+        settings.options.colours = colours;
+        const CMainWindow window(std::move(settings), dialog);
+        return QApplication::palette().color(QPalette::Window).lightness();
+    };
+    EXPECT_LT(lightness(kept.colours), 128);
+    EXPECT_GT(lightness(TColours::Light), 128);
+    EXPECT_GT(lightness(TColours::OfDesktop), 128) << "as the desktop has them";
+}
+
+TEST(WindowFlow, SolvesFromTheStartAndSaysSoWhereTheLineHasGoneOn) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    ClickMove(test.pWindow->Board(), LegalMoves(test.Line().Board()).front());
+    ClickMove(test.pWindow->Board(), LegalMoves(test.Line().Board()).front());
+    ASSERT_EQ(test.Line().Ply(), 2);
+    test.pWindow->Run(TCommand::Solve);
+    EXPECT_TRUE(test.pWindow->BottomBar().Status().contains("from its start position"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return test.Line().Ply() == 1; }, 60'000));
+    EXPECT_TRUE(test.Line().Board().m_lastMove.SameAs(test.Problem().m_answers.at(0)));
+}
+
+TEST(WindowFlow, ThePositionOfAThreadGoesOutAsTextAndIntoAnotherInstance) {
+    TTestWindow test;
+    std::ofstream(test.folder / "endless.cp")
+        << "1 #60\n{ FEN: 7k/8/p1p1p1p1/PpPpPpPp/1P1P1P1P/8/8/K1B5 }\n";
+    test.Open(test.folder / "endless.cp");
+    test.pWindow->Run(TCommand::CopyFenOfThread);  // nothing is solved: refused
+    test.pWindow->Run(TCommand::FindAllSolutions);
+    const auto copied = [&](TCommand command) {
+        QApplication::clipboard()->clear();
+        test.pWindow->Run(command);
+        return QApplication::clipboard()->text().toStdString();
+    };
+    std::string fen;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !(fen = copied(TCommand::CopyFenOfThread)).empty(); },
+                                10'000));
+    TChessboard board{};
+    bool bIgnored = false;
+    EXPECT_TRUE(ReadFen(board, fen, bIgnored, bIgnored)) << fen;
+    TProblemList list;
+    ReadProblemText("UTF-8\n" + copied(TCommand::CopyPositionOfThread), "", list);
+    ASSERT_EQ(list.Size(), 1U);
+    EXPECT_LE(MovesOfStipulation(*list.Find(1)), 60);
+
+    const fs::path seen = test.folder / "seen";
+    test.pWindow->Workbench().Program() = test.folder / "other";
+    std::ofstream(test.folder / "other")
+        << "#!/bin/sh\ncp \"$1\" '" << seen.string() << ".new'\n"
+        << "mv '" << seen.string() << ".new' '" << seen.string() << "'\n";
+    fs::permissions(test.folder / "other", fs::perms::owner_all);
+    test.pWindow->Run(TCommand::ShowPositionInNewInstance);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(seen); }, 10'000));
+    EXPECT_NE(TextOfFile(seen).find("1 #"), std::string::npos);
+}
+
 TEST(WindowFlow, ClosingWithUnsavedChangesCanBeCancelled) {
     TTestWindow test;
     test.Open(SampleFile);
@@ -144,6 +216,41 @@ TEST(WindowFlow, ClosingWithUnsavedChangesCanBeCancelled) {
     EXPECT_TRUE(test.pWindow->isVisible());
     test.dialog.m_saveAnswer = TSaveAnswer::Discard;
     EXPECT_TRUE(test.pWindow->close());
+}
+
+TEST(WindowFlow, ABigFileIsOpenedAndSavedWhileTheWindowGoesOn) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    const fs::path big = test.folder / "big.cp";
+    {
+        std::ofstream file(big);
+        file << "UTF-8\n";
+        for (int id = 1; id <= 4000; ++id) {
+            file << id << " #2\n{\n\tDesc: " << std::string(100, 'x') << "\n\tFEN: "
+                 << "kbK5/pp6/1P6/8/8/8/8/R7\n}\n";
+        }
+    }
+    const auto isEnabled = [&](TCommand command) {
+        return StateOfCommand(command, test.Workbench().State()).bEnabled;
+    };
+    CDocument& document = test.Workbench().Document();
+    test.pWindow->Files().Open(big);
+    EXPECT_LT(document.Count(), 4000U);
+    EXPECT_FALSE(isEnabled(TCommand::NewProblem));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return document.Count() == 4000U; }, 60'000));
+    EXPECT_EQ(document.Path(), big);
+
+    test.Workbench().Edit([](TChessProblem& problem) { SetDescription(problem, L"changed"); });
+    test.pWindow->Run(TCommand::SaveFile);
+    EXPECT_TRUE(document.HasUnsavedChanges());
+    EXPECT_FALSE(isEnabled(TCommand::NewProblem));
+    EXPECT_TRUE(isEnabled(TCommand::NextProblem));
+    test.dialog.m_told.clear();
+    EXPECT_FALSE(test.pWindow->close());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !test.pWindow->isVisible(); }, 60'000));
+    EXPECT_TRUE(test.dialog.m_told.empty()) << "closed without a question when all was saved";
+    EXPECT_FALSE(document.HasUnsavedChanges());
+    EXPECT_NE(TextOfFile(big).find("Description: changed"), std::string::npos);
 }
 
 TEST(WindowFlow, AMissingOwnFileIsMadeAndADamagedOneIsTold) {

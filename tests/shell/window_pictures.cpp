@@ -5,6 +5,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <iostream>
 
 #include "app/document/variants.h"
@@ -101,6 +102,41 @@ void TakeDark(const CPictures& pictures) {
     test.pWindow->SetDarkColours(false);
 }
 
+/// A position being set up, a recognised one with fields in doubt, and one that is refused.
+void TakeSetup(const CPictures& pictures) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    test.pWindow->Run(TCommand::PositionSettingMode);
+    QTest::mouseClick(test.pWindow->SetupPanel().Button(WhiteKnight), Qt::LeftButton);
+    pictures.Save(*test.pWindow, "position_setting");
+
+    TPastedPicture picture;
+    std::ranges::copy(test.Problem().m_pBoard->m_fields, picture.fields.begin());
+    picture.doubtful = FieldBit(A1) | FieldBit(B8);
+    test.pWindow->Clipboard().SetRecogniser([&](const QImage&) { return picture; });
+    QMimeData data;
+    data.setImageData(QImage(8, 8, QImage::Format_RGB32));
+    test.pWindow->Clipboard().Paste(data, false);
+    pictures.Save(*test.pWindow, "recognised_diagram");
+
+    QTest::keyClick(&test.pWindow->Board(), Qt::Key_Escape);
+    picture.fields[C8] = EmptyField;
+    picture.fields[D1] = BlackKing;
+    picture.fields[H8] = WhitePawn;
+    picture.doubtful = 0;
+    test.pWindow->Workbench().SetStatus("");
+    test.pWindow->Setup().PutAll(picture.fields, 0, 0);
+    test.pWindow->Run(TCommand::PositionSettingMode);
+    pictures.Save(*test.pWindow, "refused_position");
+    test.pWindow->Run(TCommand::Ukrainian);
+    pictures.Save(*test.pWindow, "refused_position_ukrainian");
+    test.pWindow->Run(TCommand::Polish);
+    test.pWindow->SetDarkColours(true);
+    pictures.Save(*test.pWindow, "refused_position_dark");
+    test.pWindow->SetDarkColours(false);
+    test.pWindow->Run(TCommand::English);
+}
+
 /// The menus of a language, each open.
 void TakeMenus(const CPictures& pictures, TCommand language, const std::string& name) {
     TTestWindow test;
@@ -137,6 +173,7 @@ int main(int argc, char** argv) {
     tarnwick::TakeLine(pictures);
     tarnwick::TakeSolve(pictures);
     tarnwick::TakeDark(pictures);
+    tarnwick::TakeSetup(pictures);
     tarnwick::TakeMenus(pictures, tarnwick::TCommand::Polish, "polish");
     tarnwick::TakeMenus(pictures, tarnwick::TCommand::Ukrainian, "ukrainian");
     return 0;

@@ -51,6 +51,60 @@ TEST(SlowWindow, TenThousandProblemsShowTheirFirstBoardWithinASecond) {
     EXPECT_EQ(test.Problem().m_id, 201);
 }
 
+/// The longest time that the window's thread did not come round, from now to the end.
+class CPulse {
+  public:
+    CPulse() {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&m_timer, &QTimer::timeout, [this] { Beat(); });
+        m_sinceLast.start();
+        m_timer.start(PulseMs);
+    }
+    qint64 WorstMs() {
+        Beat();
+        return m_nWorstMs;
+    }
+
+  private:
+    static constexpr int PulseMs = 5;
+    void Beat() { m_nWorstMs = std::max(m_nWorstMs, m_sinceLast.restart() - PulseMs); }
+
+    QTimer m_timer;
+    QElapsedTimer m_sinceLast;
+    qint64 m_nWorstMs = 0;
+};
+
+TEST(SlowWindow, OpensAndSavesAHundredThousandProblemsWithoutStandingStill) {
+    TTestWindow test;
+    const auto path = test.folder / "many.cp";
+    {
+        std::ofstream file(path);
+        file << "UTF-8\n\n";
+        for (int id = 1; id <= 100'000; ++id) {
+            file << id << " #3\n{\n\tDesc: problem " << id
+                 << "\n\tFEN: 2k1n3/8/2K5/8/5Q2/8/8/8\n\tAnswer: Qf4-f7\n}\n\n";
+        }
+    }
+    test.Open({});
+    QElapsedTimer timer;
+    timer.start();
+    CPulse opening;
+    test.pWindow->Files().Open(path);
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return test.Workbench().Document().Count() == 100'000U; }, 60'000));
+    std::cout << "opening " << timer.restart() << " ms, stood still " << opening.WorstMs()
+              << " ms\n";
+    test.Workbench().Edit([](TChessProblem& problem) { SetDescription(problem, L"changed"); });
+    timer.restart();
+    CPulse saving;
+    test.pWindow->Run(TCommand::SaveFile);
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return !test.Workbench().Document().HasUnsavedChanges(); }, 60'000));
+    std::cout << "saving " << timer.elapsed() << " ms, stood still " << saving.WorstMs() << " ms\n";
+    EXPECT_LT(opening.WorstMs(), 100);
+    EXPECT_LT(saving.WorstMs(), 100);
+}
+
 TEST(SlowWindow, AnswersWithinATenthOfASecondWhileAllCoresSolve) {
     TTestWindow test(static_cast<int>(std::thread::hardware_concurrency()));
     std::ofstream(test.folder / "long.cp") << LongProblem;

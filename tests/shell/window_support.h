@@ -25,7 +25,8 @@ class CScriptedWindowDialog : public CWindowDialog {
     }
     void Progress(std::string_view /*text*/) override {}
     void TellLater(const std::string& /*title*/, const std::string& text) override { Tell(text); }
-    void AskLater(const std::string& text, std::function<void(bool)> answer) override {
+    void AskLater(const std::string& text, std::function<void(bool)> answer,
+                  TEscape /*escape*/) override {
         answer(Ask(text));
     }
     TSaveAnswer AskToSave(std::string_view text) override {

@@ -19,6 +19,7 @@ enum class TCommand : int {
     NewFile = 125,
     AppendProblems = 126,
     RemoveProblems = 128,
+    ExportPgn = 703,
     Exit = 129,
 
     // Position
@@ -46,6 +47,8 @@ enum class TCommand : int {
     CopyWithoutVariantsOrTags = 299,
     ShiftDown = 305,
     CopyFen = 612,
+    CopyBoardPicture = 701,
+    SaveBoardPicture = 702,
 
     // Problem
     Solve = 140,

@@ -10,6 +10,7 @@
 #include "app/commands/command_table.h"
 #include "app/commands/commands_texts.h"
 #include "app/document/play_texts.h"
+#include "app/setup/setup_texts.h"
 
 namespace tarnwick {
 namespace {
@@ -46,7 +47,9 @@ enum TCondition : std::uint32_t {
     Unsaved = 1U << 25,
     Writable = 1U << 26,
     Animating = 1U << 27,
-    TypeFromFile = 1U << 28  // never holds: nobody may change the type
+    TypeFromFile = 1U << 28,  // never holds: nobody may change the type
+    PositionFree = 1U << 29,  // EngineFree for what changes the position itself
+    NotSaving = 1U << 30      // the file
 };
 
 struct TConditionRow {
@@ -57,8 +60,11 @@ struct TConditionRow {
 
 const TConditionRow Conditions[] = {
     {Ready, [](const TWindowState& s) { return !s.bInitialising; }, InitialisationText},
+    {NotSaving, [](const TWindowState& s) { return !s.bSaving; }, FileIsSavedText},
     {EngineFree, [](const TWindowState& s) { return !s.bSolving; }, SolvingIsPendingText},
     {EngineFree, [](const TWindowState& s) { return !s.bAnalysing; }, AnalysisIsPendingText},
+    {PositionFree, [](const TWindowState& s) { return !s.bSolving && !s.bAnalysing; },
+     CannotModifyText},
     {NoBatch, [](const TWindowState& s) { return !s.bBatch; }, BatchIsPendingText},
     {NotSetting, [](const TWindowState& s) { return !s.bPositionSetting; }, PositionIsSetText},
     {SettingPosition, [](const TWindowState& s) { return s.bPositionSetting; },
@@ -92,13 +98,15 @@ const TConditionRow Conditions[] = {
     {TypeFromFile, [](const TWindowState&) { return false; }, TypeOnlyFromFileText}};
 
 // What many commands need. A solve works on a copy, so the user may look at other problems meanwhile.
-constexpr std::uint32_t ChangeFile = Ready | EngineFree | NoBatch | NotSetting;
+constexpr std::uint32_t ChangeFile = Ready | NotSaving | EngineFree | NoBatch | NotSetting;
 constexpr std::uint32_t Browse = Ready | NoBatch | NotSetting;
 constexpr std::uint32_t Edit = ChangeFile | NotAnimating | AnyProblem;
 constexpr std::uint32_t Look = Ready | AnyProblem;
 constexpr std::uint32_t Step = Look | NotSetting;
 constexpr std::uint32_t StartEngine = ChangeFile | NotAnimating | AnyProblem;
 constexpr std::uint32_t Find = Ready | EngineFree | NoBatch;
+constexpr std::uint32_t Undo = Find | NotSaving | NotAnimating;
+constexpr std::uint32_t SetMen = Ready | NotSaving | PositionFree | NoBatch;
 
 /// Exit, help, priority, language, view and keys are always to be had.
 struct TNeedsRow {
@@ -109,21 +117,22 @@ struct TNeedsRow {
 // clang-format off
 constexpr TNeedsRow Needs[] = {
     {NewFile, ChangeFile}, {OpenDefaultFile, ChangeFile}, {OpenSampleFile, ChangeFile},
-    {OpenFile, ChangeFile}, {SaveFile, Ready | NotSetting | Unsaved | Writable},
-    {SaveFileAs, Ready | NotSetting}, {AppendProblems, ChangeFile | NotAnimating},
-    {RemoveProblems, ChangeFile | NotAnimating},
+    {OpenFile, ChangeFile}, {SaveFile, Ready | NotSaving | NotSetting | Unsaved | Writable},
+    {SaveFileAs, Ready | NotSaving | NotSetting}, {AppendProblems, ChangeFile | NotAnimating},
+    {RemoveProblems, ChangeFile | NotAnimating}, {ExportPgn, Step},
 
-    {CopyProblem, Look}, {CopyWithoutVariants, Look}, {CopyWithoutVariantsOrTags, Look},
-    {CopyFen, Look}, {CopyFullFen, Look}, {Paste, Ready | EngineFree | NoBatch},
-    {PasteAsMirror, Ready | EngineFree | NoBatch}, {RotatePosition, Edit}, {SwapColours, Edit},
+    {CopyProblem, Step}, {CopyWithoutVariants, Step}, {CopyWithoutVariantsOrTags, Step},
+    {CopyFen, Look}, {CopyFullFen, Look}, {CopyBoardPicture, Step}, {SaveBoardPicture, Step},
+    {Paste, SetMen | NotAnimating}, {PasteAsMirror, SetMen | NotAnimating}, {RotatePosition, Edit},
+    {SwapColours, Edit},
     {ShiftLeft, Edit}, {ShiftRight, Edit}, {ShiftUp, Edit}, {ShiftDown, Edit},
     {CopyMovesShort, Look}, {CopyMovesInFull, Look}, {CopyVariantsShort, Look | HasVariants},
-    {CopyVariantsInFull, Look | HasVariants}, {PositionSettingMode, Find | NotAnimating},
-    {IncreaseStipulation, Find | SettingPosition}, {DecreaseStipulation, Find | SettingPosition},
-    {IncreaseStipulationBy10, Find | SettingPosition},
-    {DecreaseStipulationBy10, Find | SettingPosition},
-    {UndoChange, ChangeFile | NotAnimating | CanUndo},
-    {RedoChange, ChangeFile | NotAnimating | CanRedo},
+    {CopyVariantsInFull, Look | HasVariants}, {PositionSettingMode, SetMen | NotAnimating},
+    {IncreaseStipulation, SetMen | SettingPosition},
+    {DecreaseStipulation, SetMen | SettingPosition},
+    {IncreaseStipulationBy10, SetMen | SettingPosition},
+    {DecreaseStipulationBy10, SetMen | SettingPosition},
+    {UndoChange, Undo | CanUndo}, {RedoChange, Undo | CanRedo},
 
     {TypeSelfmate, TypeFromFile}, {TypeHelpmate, TypeFromFile},
     {Solve, StartEngine | WhiteToMove}, {FindAllSolutions, StartEngine | WhiteToMove},

@@ -19,6 +19,7 @@ namespace tarnwick {
 /// Plain facts about the window. A new record is a window with nothing in it.
 struct TWindowState {
     bool bInitialising = false;     ///< The file is still being read.
+    bool bSaving = false;           ///< Its problems are being written to the file.
     bool bSolving = false;          ///< A solve runs or is paused.
     bool bAnalysing = false;        ///< Black's best defence is looked for.
     bool bPaused = false;           ///< The solve waits; some of its threads may.

@@ -21,7 +21,6 @@ constexpr TCommand NotBuiltYet[] = {
     FindBestDefence, FindBestDefenceThoroughly, ShowWholeMainVariant,
     // Control of the engine by hand, the window of threads, the diagnosis of heuristics
     SkipToNextMove, SwapWithNextMove, MoveToEnd, Threads, DiagnosePosition,
-    CopyPositionOfThread, CopyFenOfThread, ShowPositionInNewInstance,
     // Dialogs
     ChooseHeuristicsAndSolve, ChooseHeuristicsAndFindAll, Options, SortIndications,
     // The search through the file
@@ -34,10 +33,7 @@ constexpr TCommand NotBuiltYet[] = {
     // Tables of few men
     GlobalRegisterStatus, VerifyAllTables, ResumeVerification, ShowMaxMate, ShowPreviousMaxMate,
     InformationAboutPosition, PastePositionByIndex, PreviousPositionOfType, NextPositionOfType,
-    VerifyTable, VerifyPartialTable, GenerateTable,
-    // Setting a position and reading diagrams
-    PositionSettingMode, IncreaseStipulation, DecreaseStipulation, IncreaseStipulationBy10,
-    DecreaseStipulationBy10, Paste, PasteAsMirror};
+    VerifyTable, VerifyPartialTable, GenerateTable};
 
 constexpr TMenuItem Line{};
 constexpr TMenuItem Item(TCommand command) {
@@ -49,13 +45,14 @@ constexpr TMenuItem SubMenu(const TMenu& menu) {
 
 constexpr TMenuItem FileItems[] = {
     Item(NewFile), Item(OpenDefaultFile), Item(OpenSampleFile), Item(OpenFile), Line,
-    Item(SaveFile), Item(SaveFileAs), Line,
+    Item(SaveFile), Item(SaveFileAs), Item(ExportPgn), Line,
     Item(AppendProblems), Item(RemoveProblems), Line,
     Item(Exit)};
 
 constexpr TMenuItem PositionItems[] = {
     Item(CopyProblem), Item(CopyWithoutVariants), Item(CopyWithoutVariantsOrTags), Item(CopyFen),
-    Item(CopyFullFen), Item(Paste), Item(PasteAsMirror), Line,
+    Item(CopyFullFen), Item(CopyBoardPicture), Item(SaveBoardPicture), Item(Paste),
+    Item(PasteAsMirror), Line,
     Item(RotatePosition), Item(SwapColours), Item(ShiftLeft), Item(ShiftRight), Item(ShiftUp),
     Item(ShiftDown), Line,
     Item(CopyMovesShort), Item(CopyMovesInFull), Item(CopyVariantsShort), Item(CopyVariantsInFull),

@@ -34,6 +34,9 @@ inline constexpr TUserText NotBuiltText = {
 inline constexpr TUserText InitialisationText = {.pl = "Program jeszcze się otwiera.",
                                                  .en = "The program is still opening.",
                                                  .uk = "Програма ще відкривається."};
+inline constexpr TUserText FileIsSavedText = {.pl = "Plik jest właśnie zapisywany.",
+                                              .en = "The file is being saved.",
+                                              .uk = "Файл саме зберігається."};
 inline constexpr TUserText SolvingIsPendingText = {
     .pl = "Trwa rozwiązywanie.", .en = "Solving is pending.", .uk = "Триває розв'язування."};
 inline constexpr TUserText AnalysisIsPendingText = {
@@ -132,6 +135,7 @@ inline constexpr const TUserText* AllCommandsTexts[] = {&FileMenuText,
                                                         &ProcessorText,
                                                         &NotBuiltText,
                                                         &InitialisationText,
+                                                        &FileIsSavedText,
                                                         &SolvingIsPendingText,
                                                         &AnalysisIsPendingText,
                                                         &BatchIsPendingText,

@@ -11,6 +11,8 @@
 #include "platform/live_process.h"
 
 #include "app/document/document_texts.h"
+#include "app/settings/application_log.h"
+#include "chess/fen.h"
 #include "engine/heuristics/heuristic_names.h"
 #include "problems/cp_file_reader.h"
 #include "problems/cp_writer.h"
@@ -24,6 +26,9 @@ constexpr std::string_view NamePrefix = "unsaved-";
 constexpr std::string_view NameEnd = ".cp";
 constexpr std::string_view FileLine = "// unsaved edits of: ";
 constexpr std::string_view RemovedLine = "// removed:";
+/// The changed problems as they are in the file. Older journals have no such line.
+constexpr std::string_view BeforeLine = "// changed:";
+constexpr int HeadLines = 4;
 
 /// A file's name may hold anything, a line of comment no line end.
 std::string Escaped(const std::string& name) {
@@ -55,7 +60,7 @@ std::string Unescaped(std::string_view escaped) {
 std::optional<std::string> HeadLine(const std::string& text, std::string_view begin) {
     std::istringstream lines(text);
     std::string line;
-    for (int i = 0; i < 3 && std::getline(lines, line); ++i) {
+    for (int i = 0; i < HeadLines && std::getline(lines, line); ++i) {
         if (line.starts_with(begin)) {
             return line.substr(begin.size());
         }
@@ -73,17 +78,34 @@ std::string ProcessOf(const fs::path& path) {
     return name.substr(NamePrefix.size(), end - NamePrefix.size());
 }
 
-std::vector<fs::path> JournalsOfTheDead(const fs::path& folder) {
-    std::vector<fs::path> journals;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const std::string process = ProcessOf(entry->path());
-        if (!process.empty() && !IsProcessAlive(process)) {
-            journals.push_back(entry->path());
+/// " 3=7k/8/5K2/8/8/8/8/R7 5=..."
+std::string TextOfPlacements(const TPlacements& placements) {
+    std::string text;
+    for (const auto& [id, placement] : placements) {
+        text += ' ' + std::to_string(id) + '=' + placement;
+    }
+    return text;
+}
+
+/// Older journals have numbers alone: their placements are empty.
+TPlacements PlacementsOf(const std::string& text) {
+    TPlacements placements;
+    std::istringstream words(text);
+    int id = 0;
+    while (words >> id) {
+        std::string& placement = placements[id];
+        if (words.peek() == '=') {
+            words.ignore();
+            words >> placement;
         }
     }
-    return journals;
+    return placements;
+}
+
+/// Whether the document has the very problem under that number.
+bool HasProblem(const CDocument& document, int id, const std::string& placement) {
+    const TChessProblem* const pProblem = document.Problems().Find(id);
+    return pProblem != nullptr && WriteFen(*pProblem->m_pBoard, true) == placement;
 }
 
 void RemoveQuietly(const fs::path& path) {
@@ -121,15 +143,30 @@ void KeepDamaged(const fs::path& journal, const TFileHost& host) {
     host.dialog.Tell(FilledText(DamagedJournalText, {kept.string()}));
 }
 
+void TellRenumbered(const std::map<int, int>& renumbered, const TFileHost& host) {
+    std::string numbers;
+    for (const auto& [before, now] : renumbered) {
+        numbers += (numbers.empty() ? "" : ", ") + std::to_string(before) + " \u2192 " +
+                   std::to_string(now);
+    }
+    if (!numbers.empty()) {
+        host.dialog.Tell(UserText(RenumberedText) + numbers);
+    }
+}
+
 }  // namespace
 
 std::string JournalText(const CDocument& document) {
     std::string text = "UTF-8\n" + std::string(FileLine) + Escaped(document.Path().string()) +
                        '\n' + std::string(RemovedLine);
-    for (const int id : document.RemovedIds()) {
-        text += ' ' + std::to_string(id);
+    TPlacements before;
+    for (const int id : document.UnsavedIds()) {
+        if (std::optional<std::string> placement = document.SavedPlacement(id)) {
+            before.emplace(id, *std::move(placement));
+        }
     }
-    text += '\n';
+    text += TextOfPlacements(document.Removed()) + '\n' + std::string(BeforeLine) +
+            TextOfPlacements(before) + '\n';
     for (const int id : document.UnsavedIds()) {
         text += '\n' + ProblemToText(*document.Problems().Find(id));
     }
@@ -143,42 +180,55 @@ std::optional<TLostWork> ReadJournal(const std::string& text) {
         return std::nullopt;
     }
     TLostWork work{.problemFile = Unescaped(*file),
-                   .removed = {},
-                   .pChanged = std::make_unique<TProblemList>()};
-    std::istringstream ids(*removed);
-    for (int id = 0; ids >> id;) {
-        work.removed.insert(id);
-    }
+                   .removed = PlacementsOf(*removed),
+                   .pChanged = std::make_unique<TProblemList>(),
+                   .before = {}};
     try {
         ReadProblemText(text, "", *work.pChanged, {.heuristicBitOfName = &HeuristicBitOfName});
     } catch (const ChessException&) {
         work.bDamaged = true;
     }
+    if (const std::optional<std::string> before = HeadLine(text, BeforeLine)) {
+        work.before = PlacementsOf(*before);
+    } else {  // from an older version: problems whose men were moved come back as new ones
+        for (const TChessProblem* pChanged : work.pChanged->Problems()) {
+            work.before.emplace(pChanged->m_id, WriteFen(*pChanged->m_pBoard, true));
+        }
+    }
     return work;
 }
 
-void ApplyLostWork(CDocument& document, TLostWork work) {
-    std::set<int> changed;
+std::map<int, int> ApplyLostWork(CDocument& document, TLostWork work) {
+    std::map<int, int> renumbered;
+    std::vector<int> added;
     for (const TChessProblem* pChanged : work.pChanged->Problems()) {
         const int id = pChanged->m_id;
-        changed.insert(id);
-        if (document.Problems().Find(id) == nullptr) {
-            document.Add(work.pChanged->Remove(id));
-        } else {
+        const auto before = work.before.find(id);
+        if (before != work.before.end() && HasProblem(document, id, before->second)) {
             document.EditProblem(
                 id, [&](TChessProblem& problem) { RestoreState(problem, StateOf(*pChanged)); });
+        } else {
+            added.push_back(id);
+        }
+    }
+    for (const int id : added) {
+        const int newId = document.Add(work.pChanged->Remove(id));
+        if (newId != id && work.before.contains(id)) {
+            renumbered.emplace(id, newId);
         }
     }
     // Last, so that new problems get the numbers that they had.
-    for (const int id : work.removed) {
-        if (!changed.contains(id)) {
+    for (const auto& [id, placement] : work.removed) {
+        if (HasProblem(document, id, placement)) {
             document.Take(id);
         }
     }
+    return renumbered;
 }
 
-CCrashJournal::CCrashJournal(fs::path folder)
+CCrashJournal::CCrashJournal(fs::path folder, fs::path log)
     : m_folder(std::move(folder)),
+      m_log(std::move(log)),
       m_path(m_folder / (std::string(NamePrefix) + NameOfThisProcess() + std::string(NameEnd))),
       m_nLastTryMs(NowMs() - IntervalMs) {}
 
@@ -211,10 +261,36 @@ void CCrashJournal::Close() {
     RemoveQuietly(m_path);
 }
 
+std::vector<fs::path> CCrashJournal::JournalsOfTheDead() const {
+    std::vector<fs::path> journals;
+    std::error_code error;
+    for (fs::directory_iterator entry(m_folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string process = ProcessOf(entry->path());
+        if (process.empty()) {
+            continue;
+        }
+        switch (LifeOfProcess(process)) {
+            case TProcessLife::Alive:
+                break;
+            case TProcessLife::Dead:
+                journals.push_back(entry->path());
+                break;
+            case TProcessLife::Unknown:
+                if (!m_log.empty()) {
+                    LogApplicationEvent(m_log, "Left alone, perhaps still in use elsewhere: %s",
+                                        entry->path().string());
+                }
+                break;
+        }
+    }
+    return journals;
+}
+
 bool CCrashJournal::OfferLostWork(CDocument& document, const TFileHost& host) {
     bool bRecovered = false;
     int number = 0;
-    for (const fs::path& journal : JournalsOfTheDead(m_folder)) {
+    for (const fs::path& journal : JournalsOfTheDead()) {
         fs::path taken = m_path;
         taken.replace_extension("." + std::to_string(++number) + std::string(NameEnd));
         std::error_code error;
@@ -245,7 +321,7 @@ bool CCrashJournal::Recover(const fs::path& journal, CDocument& document, const 
         return false;  // the journal has this process's name now: it is offered again after its end
     }
     const bool bDamaged = work->bDamaged;
-    ApplyLostWork(document, *std::move(work));
+    TellRenumbered(ApplyLostWork(document, *std::move(work)), host);
     if (bDamaged) {
         KeepDamaged(journal, host);
     } else if (WriteNow(document)) {

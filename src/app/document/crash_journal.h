@@ -6,14 +6,15 @@
 // is saved or given up. A journal whose process is dead was left by a crash and is offered at the next
 // start.
 //
-// Several instances share the folder: a file's name tells its process, and who takes over a dead one's
-// renames it first, which only one can.
+// Several instances share the folder, perhaps on several machines: a file's name tells its process, and
+// who takes over a dead one's renames it first, which only one can. A journal of a process that cannot
+// be looked for from here is left alone.
 
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,9 @@ class CCrashJournal {
     /// The journal is written at most so often.
     static constexpr std::int64_t IntervalMs = 2000;
 
-    /// Nothing is written before something is unsaved. The folder need not exist yet.
-    explicit CCrashJournal(std::filesystem::path folder);
+    /// Nothing is written before something is unsaved. The folder need not exist yet. log: for what the
+    /// user need not be asked about; empty: no log.
+    explicit CCrashJournal(std::filesystem::path folder, std::filesystem::path log = {});
 
     /// For the window's timer: writes if the document has changed and the interval is over. A journal
     /// that cannot be written never stops the user: false, and it is tried again after the interval.
@@ -50,17 +52,26 @@ class CCrashJournal {
   private:
     bool Recover(const std::filesystem::path& journal, CDocument& document, const TFileHost& host);
 
+    std::vector<std::filesystem::path> JournalsOfTheDead() const;
+
     std::filesystem::path m_folder;
+    std::filesystem::path m_log;
     std::filesystem::path m_path;
     std::uint64_t m_nWrittenRevision = 0;
     std::int64_t m_nLastTryMs;
 };
 
+/// Numbers of problems, and the placements as FEN by which they are known again: somebody else may have
+/// written the file since, with other problems under these numbers.
+using TPlacements = std::map<int, std::string>;
+
 /// What a journal holds.
 struct TLostWork {
     std::filesystem::path problemFile;  ///< The file that was open.
-    std::set<int> removed;              ///< Numbers of problems that had been removed from it.
+    TPlacements removed;                ///< Problems that had been removed from it.
     std::unique_ptr<TProblemList> pChanged;
+    /// What the changed ones were in the file; the others of pChanged are new.
+    TPlacements before;
     bool bDamaged = false;  ///< Only what stands in front of the damage could be read.
 };
 
@@ -70,8 +81,10 @@ std::string JournalText(const CDocument& document);
 /// Nothing if the text is no journal or is damaged.
 std::optional<TLostWork> ReadJournal(const std::string& text);
 
-/// Puts the work into the document as unsaved edits: changed problems take the place of those of their
-/// number, new ones are added, removed ones are taken.
-void ApplyLostWork(CDocument& document, TLostWork work);
+/// Puts the work into the document as unsaved edits: changed problems take the place of what they were,
+/// new ones are added, removed ones are taken. No other problem is touched: where the number has
+/// another one now, the changed problem is added, and the removed one counts as gone. Returns the numbers
+/// of those changed problems, old and new.
+std::map<int, int> ApplyLostWork(CDocument& document, TLostWork work);
 
 }  // namespace tarnwick

@@ -6,6 +6,7 @@
 #include "base/encoding.h"
 
 #include "app/document/document_texts.h"
+#include "chess/fen.h"
 #include "chess/prepare_position.h"
 #include "problems/cp_problem_reader.h"
 
@@ -52,6 +53,19 @@ bool CDocument::HasUnsavedPosition(int id) const {
         return false;
     }
     return pHistory->Saved() == nullptr || pHistory->Saved()->fields != pHistory->Present().fields;
+}
+
+std::optional<std::string> CDocument::SavedPlacement(int id) const {
+    const CEditHistory* pHistory = FindHistory(id);
+    if (pHistory == nullptr) {
+        return WriteFen(*m_pList->Find(id)->m_pBoard, true);
+    }
+    if (pHistory->Saved() == nullptr) {
+        return std::nullopt;
+    }
+    TChessboard board{};
+    std::ranges::copy(pHistory->Saved()->fields, board.m_fields);
+    return WriteFen(board, true);
 }
 
 // Going through the problems.
@@ -251,9 +265,8 @@ std::unique_ptr<TChessProblem> CDocument::Take(int id) {
     if (m_pList->Find(id) == nullptr) {
         return nullptr;
     }
-    const CEditHistory* pHistory = FindHistory(id);
-    if (pHistory == nullptr || pHistory->Saved() != nullptr) {
-        m_removed.insert(id);
+    if (const std::optional<std::string> placement = SavedPlacement(id)) {
+        m_removed.insert_or_assign(id, *placement);
     }
     m_unsaved.erase(id);
     m_filter.Forget(id);

@@ -10,7 +10,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -49,8 +51,10 @@ class CDocument {
     bool HasUnsavedChanges() const { return !m_unsaved.empty() || !m_removed.empty(); }
     /// Numbers of the changed and of the new problems.
     const std::set<int>& UnsavedIds() const { return m_unsaved; }
-    /// Numbers of problems that the file has and the list has no more.
-    const std::set<int>& RemovedIds() const { return m_removed; }
+    /// Problems that the file has and the list has no more: numbers and placements of their men, as FEN.
+    const std::map<int, std::string>& Removed() const { return m_removed; }
+    /// The placement that a problem of the list has in the file, as FEN; nothing for a new one.
+    std::optional<std::string> SavedPlacement(int id) const;
     /// Whether the problem's men have been moved, or it is new, since the file was saved.
     bool HasUnsavedPosition(int id) const;
     /// Rises with every change and every save.
@@ -129,7 +133,7 @@ class CDocument {
     CProblemFilter m_filter;
     std::unordered_map<int, CEditHistory> m_histories;  ///< Of problems edited, new or taken.
     std::set<int> m_unsaved;
-    std::set<int> m_removed;
+    std::map<int, std::string> m_removed;
     std::set<std::wstring> m_offeredTags;
     std::uint64_t m_nRevision = 0;
 };

@@ -42,6 +42,20 @@ inline constexpr TUserText SameNumberTwiceText = {
     .uk =
         "Файл містить кілька задач з тим самим номером. Прочитано останню з них; "
         "пропущено задач: %d."};
+/// The file, its twin.
+inline constexpr TUserText OutdatedTwinText = {
+    .pl =
+        "Plik %s jest nowszy niż plik %s z komentarzami i zawiera inne zadania lub "
+        "warianty.\n\nCzy wczytać nowszy plik, bez komentarzy? (wybierz 'Nie', aby wczytać "
+        "starszy)",
+    .en =
+        "File %s is newer than file %s, which has the comments, and its problems or variants "
+        "differ.\n\nDo you want to read the newer file, without comments? (select 'No' to read "
+        "the older one)",
+    .uk =
+        "Файл %s новіший за файл %s з коментарями, і його задачі або варіанти "
+        "відрізняються.\n\nПрочитати новіший файл, без коментарів? (виберіть 'Ні', щоб "
+        "прочитати старіший)"};
 
 // Saving.
 inline constexpr TUserText SaveChangesText = {.pl = "Czy chcesz zapisać zmiany w pliku %s?",
@@ -94,12 +108,6 @@ inline constexpr TUserText NotReadableAgainText = {
     .uk = "Збережений файл неможливо було б прочитати знову:\n%s\n\nУсе одно зберегти його?"};
 inline constexpr TUserText NotTheSameAgainText = {
     .pl = "zadania byłyby inne", .en = "the problems would differ", .uk = "задачі були б іншими"};
-inline constexpr TUserText EpdNotWrittenText = {
-    .pl =
-        "Pliki .epd można tylko odczytywać. Zapisz zadania jako plik .cp (menu Plik -> Zapisz "
-        "jako).",
-    .en = "Files .epd can only be read. Save the problems as a .cp file (menu File -> Save as).",
-    .uk = "Файли .epd можна лише читати. Збережіть задачі як файл .cp (меню Файл -> Зберегти як)."};
 
 // A file that changes behind our back.
 inline constexpr TUserText ChangedUnsavedText = {
@@ -195,19 +203,30 @@ inline constexpr TUserText LostWorkText = {
         "Минулого разу програма завершилася, перш ніж було збережено зміни у файлі %s.\nЗмінено "
         "задач: %d.\n\nВідновити ці зміни? (виберіть 'Ні', щоб відкинути їх)"};
 
+inline constexpr TUserText RenumberedText = {
+    .pl =
+        "W pliku są teraz pod numerami odzyskanych zadań inne zadania, albo nie ma żadnych. "
+        "Odzyskane zadania dostały nowe numery: ",
+    .en =
+        "The file now has other problems, or none, under numbers of recovered problems. The "
+        "recovered problems got new numbers: ",
+    .uk =
+        "Під номерами відновлених задач у файлі тепер інші задачі або немає жодних. Відновлені "
+        "задачі отримали нові номери: "};
 inline constexpr TUserText DamagedJournalText = {
     .pl = "Części zmian nie udało się odczytać. Pozostały w pliku %s",
     .en = "Some of the changes could not be read. They stay in the file %s",
     .uk = "Частину змін не вдалося прочитати. Вони залишилися у файлі %s"};
 
 inline constexpr const TUserText* AllDocumentTexts[] = {
-    &NewDescriptionText,   &FileExistsText,      &StopThreadsText,     &OpeningFileText,
-    &FaultInFileText,      &PartialReadText,     &SameNumberTwiceText, &SaveChangesText,
-    &DiscardChangesText,   &ErrorSavingText,     &SavingFileText,      &SamePositionText,
-    &SaveAnywayText,       &AndMoreText,         &LossesText,          &ForeignChangeText,
-    &NotReadableAgainText, &NotTheSameAgainText, &EpdNotWrittenText,   &ChangedUnsavedText,
-    &ChangedReloadText,    &AppendedText,        &OnlyStipulationText, &RemovedText,
-    &CurrentStaysText,     &SaveOrRejectText,    &SearchFenText,       &NoFenFoundText,
-    &AllFenPresentText,    &FenMissingText,      &LostWorkText,        &DamagedJournalText};
+    &NewDescriptionText, &FileExistsText,       &StopThreadsText,     &OpeningFileText,
+    &FaultInFileText,    &PartialReadText,      &SameNumberTwiceText, &OutdatedTwinText,
+    &SaveChangesText,    &DiscardChangesText,   &ErrorSavingText,     &SavingFileText,
+    &SamePositionText,   &SaveAnywayText,       &AndMoreText,         &LossesText,
+    &ForeignChangeText,  &NotReadableAgainText, &NotTheSameAgainText, &ChangedUnsavedText,
+    &ChangedReloadText,  &AppendedText,         &OnlyStipulationText, &RemovedText,
+    &CurrentStaysText,   &SaveOrRejectText,     &SearchFenText,       &NoFenFoundText,
+    &AllFenPresentText,  &FenMissingText,       &LostWorkText,        &RenumberedText,
+    &DamagedJournalText};
 
 }  // namespace tarnwick

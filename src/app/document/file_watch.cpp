@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/chess_exception.h"
+#include "base/text_hash.h"
 
 #include "problems/file_text.h"
 
@@ -11,19 +12,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// FNV-1a of 64 bits: two versions of one file do not meet by chance.
-std::uint64_t HashOf(std::string_view content) {
-    std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const char c : content) {
-        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
-    }
-    return hash;
-}
-
 /// Nothing if the file cannot be read now.
 std::optional<std::uint64_t> HashOfFile(const fs::path& path) {
     try {
-        return HashOf(ReadFileText(path));
+        return HashOfText(ReadFileText(path));
     } catch (const ChessException&) {
         return std::nullopt;
     }
@@ -49,7 +41,7 @@ bool CFileWatch::LookAt(const fs::path& path, TLook& look) {
 
 void CFileWatch::Note(const fs::path& path, std::string_view content) {
     // No look yet: the file may have changed since it was read, so the first question compares the content.
-    m_files.insert_or_assign(KeyOf(path), TNoted{.look = {}, .contentHash = HashOf(content)});
+    m_files.insert_or_assign(KeyOf(path), TNoted{.look = {}, .contentHash = HashOfText(content)});
 }
 
 void CFileWatch::NoteAsItIs(const fs::path& path) {

@@ -7,6 +7,7 @@
 #include "base/filled_text.h"
 #include "platform/atomic_file.h"
 
+#include "app/document/comment_twin.h"
 #include "app/document/document_texts.h"
 #include "app/document/problem_reading.h"
 #include "problems/cp_writer.h"
@@ -24,11 +25,9 @@ std::string FreshFileText() {
 
 /// The file that is read for the path: the twin with comments, where there is one.
 fs::path SourceOf(const fs::path& path, bool bCommentCompatibilityMode) {
-    fs::path twin = path;
-    twin += "x";
+    fs::path twin = TwinOf(path);
     std::error_code ignored;
-    const bool bTwin = bCommentCompatibilityMode && path.extension() == ".cp";
-    return bTwin && fs::is_regular_file(twin, ignored) ? twin : path;
+    return bCommentCompatibilityMode && fs::is_regular_file(twin, ignored) ? twin : path;
 }
 
 /// Reads the file into the document. False, and nothing changed, if it cannot be opened.
@@ -43,6 +42,21 @@ bool ReadIntoDocument(CDocument& document, const fs::path& path, const TFileHost
         host.dialog.Progress("");
         host.dialog.Tell(error.what());
         return false;
+    }
+}
+
+/// Old problems are never shown without a word.
+TReadFile ReadNewerIfWanted(TReadFile file, const fs::path& path, const TFileHost& host) {
+    const std::vector<std::string> names = {FileNameForMessage(path),
+                                            FileNameForMessage(file.source.filename())};
+    if (!file.bOutdated || !host.dialog.Ask(FilledText(OutdatedTwinText, names))) {
+        return file;
+    }
+    try {
+        return ReadAnyProblemFile(path);
+    } catch (const ChessException& error) {
+        host.dialog.Tell(error.what());
+        return file;
     }
 }
 
@@ -96,11 +110,14 @@ bool NewProblemFile(const fs::path& path, const TFileHost& host) {
 
 TReadFile ReadForDocument(const fs::path& path, bool bCommentCompatibilityMode,
                           const TOnProblemRead& onProblem) {
-    return ReadAnyProblemFile(SourceOf(path, bCommentCompatibilityMode), onProblem);
+    TReadFile file = ReadAnyProblemFile(SourceOf(path, bCommentCompatibilityMode), onProblem);
+    file.bOutdated = file.source != path && IsTwinOutdated(path);
+    return file;
 }
 
-void TakeIntoDocument(CDocument& document, const fs::path& path, TReadFile file,
+void TakeIntoDocument(CDocument& document, const fs::path& path, TReadFile read,
                       const TFileHost& host) {
+    TReadFile file = ReadNewerIfWanted(std::move(read), path, host);
     const std::string told = TextOfLosses(file.losses, file.source, file.pList->Size());
     document.Watch().Clear();
     document.Watch().Note(file.source, file.text);

@@ -9,7 +9,9 @@
 
 #include <filesystem>
 #include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/user_dialog.h"
 
@@ -49,14 +51,40 @@ bool OpenProblemFile(CDocument& document, const std::filesystem::path& path, con
 /// still being read. Any thread; throws ChessException if the file cannot be opened.
 TReadFile ReadForDocument(const std::filesystem::path& path, bool bCommentCompatibilityMode,
                           const TOnProblemRead& onProblem = {});
-/// The other half, for the window's thread: what was open is gone.
-void TakeIntoDocument(CDocument& document, const std::filesystem::path& path, TReadFile file,
+/// The other half, for the window's thread: what was open is gone. Asks whether to read the file itself
+/// where its twin with the comments is older and has other problems.
+void TakeIntoDocument(CDocument& document, const std::filesystem::path& path, TReadFile read,
                       const TFileHost& host);
 
 /// Saves all problems under the path, which becomes the document's, and keeps the old content as .BAK.
 /// Asks before it saves a position twice, loses problems that were not read, or overwrites what
 /// somebody else wrote. False: nothing was saved and the changes stay unsaved.
 bool SaveProblemFile(CDocument& document, const std::filesystem::path& path, const TFileHost& host);
+
+/// A file with the content that it got, or shall get.
+struct TFileContent {
+    std::filesystem::path path;
+    std::string text;
+};
+
+/// SaveProblemFile in its steps, for a window that must not stand still while a big file is saved.
+struct TSaveJob {
+    std::filesystem::path path;   ///< Absolute.
+    std::string text;             ///< All problems, as ProblemListToText writes them.
+    std::uint64_t nRevision = 0;  ///< Of the document that the text was made of.
+    CFileWatch watch;             ///< What is known of the files; the job notes what it writes.
+    std::vector<TFileContent> contents;  ///< Made of the text if there are none.
+};
+
+/// The first step, on the window's thread: the questions about what is saved. False: the user gives up.
+bool ConfirmSave(const CDocument& document, const std::filesystem::path& path,
+                 const TFileHost& host);
+/// The second, on any thread: reads the text again, asks about other people's files, writes. False:
+/// nothing, or not everything, was saved, and the user knows.
+bool RunSave(TSaveJob& job, const TFileHost& host);
+/// The third, on the window's thread, whatever came of the second. A document that has changed since its
+/// text was made stays unsaved.
+void FinishSave(CDocument& document, TSaveJob job, bool bSaved);
 
 /// Before something that would lose unsaved changes, like closing the window: asks, and saves if the
 /// user wants. True: go on.

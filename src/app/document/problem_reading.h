@@ -15,12 +15,13 @@ struct TReadFile {
     TReadLosses losses;
     std::string text;              ///< The bytes that were read.
     std::filesystem::path source;  ///< Where they came from.
+    bool bOutdated = false;        ///< The source is a twin, and its file was changed without it.
 };
 
 /// Called for each problem as it is read, on the thread that reads. May throw to give up.
 using TOnProblemRead = std::function<void(const TChessProblem& problem)>;
 
-/// Whether the name ends in ".epd": such files are read, but not written.
+/// Whether the name ends in ".epd".
 bool IsEpdName(const std::filesystem::path& path);
 
 /// Throws ChessException if the file cannot be opened; anything else that is wrong with it is told by

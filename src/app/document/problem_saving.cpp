@@ -12,24 +12,21 @@
 #include "base/filled_text.h"
 #include "platform/atomic_file.h"
 
+#include "app/document/comment_twin.h"
 #include "app/document/document_texts.h"
+#include "app/document/export_losses.h"
 #include "app/document/problem_files.h"
 #include "app/document/problem_reading.h"
 #include "app/document/same_positions.h"
 #include "engine/heuristics/heuristic_names.h"
 #include "problems/cp_file_reader.h"
 #include "problems/cp_writer.h"
+#include "problems/epd_writer.h"
 
 namespace tarnwick {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A file that a save writes.
-struct TTarget {
-    fs::path path;
-    std::string text;
-};
 
 std::string ProblemLine(const TChessProblem& problem) {
     std::string line = std::to_string(problem.m_id) + ": ";
@@ -82,11 +79,11 @@ bool ConfirmLosses(const CDocument& document, const fs::path& path, const TFileH
 
 /// Other people's content is only replaced with the user's consent. A file that this document was never
 /// read from or saved to is asked about in other words.
-bool ConfirmForeignFile(CDocument& document, const fs::path& path, const TFileHost& host) {
-    if (!document.Watch().IsForeign(path)) {
+bool ConfirmForeignFile(const CFileWatch& watch, const fs::path& path, const TFileHost& host) {
+    if (!watch.IsForeign(path)) {
         return true;
     }
-    const TUserText& question = document.Watch().IsNoted(path) ? ForeignChangeText : FileExistsText;
+    const TUserText& question = watch.IsNoted(path) ? ForeignChangeText : FileExistsText;
     return host.dialog.Ask(FilledText(question, {FileNameForMessage(path)}));
 }
 
@@ -107,46 +104,49 @@ std::unique_ptr<TProblemList> ReadAgain(const std::string& text, std::string& re
     return pList;
 }
 
-std::string TextWithoutComments(const TProblemList& list) {
-    for (TChessProblem* pProblem : list.Problems()) {
-        TVariantMap bare;
-        for (auto& [key, variant] : pProblem->m_variants) {
-            for (TVariantEntry& entry : variant.m_entries) {
-                entry.m_comment.clear();
-            }
-            std::wstring text = variant.ToText();
-            bare.insert_or_assign(std::move(text), std::move(variant));
-        }
-        pProblem->m_variants = std::move(bare);
+/// None if the user does not want to lose what an .epd file has no form for.
+std::vector<TFileContent> EpdContent(const CDocument& document, const fs::path& path,
+                                     const TFileHost& host) {
+    const std::vector<TChessProblem*> problems = document.Problems().Problems();
+    TExportedText exported = EpdOfProblems({problems.begin(), problems.end()});
+    if (!exported.losses.empty() && !host.dialog.Ask(QuestionAboutLosses(exported))) {
+        return {};
     }
-    return ProblemListToText(list);
+    return {{path, std::move(exported.text)}};
 }
 
 /// The files to write; none if the user gives up.
-std::vector<TTarget> TargetsOf(const CDocument& document, const fs::path& path,
-                               const TFileHost& host) {
-    std::string text = ProblemListToText(document.Problems());
+std::vector<TFileContent> ContentsOf(const TSaveJob& job, const TFileHost& host) {
     std::string reason;
-    const std::unique_ptr<TProblemList> pAgain = ReadAgain(text, reason);
+    const std::unique_ptr<TProblemList> pAgain = ReadAgain(job.text, reason);
     if (pAgain == nullptr && !host.dialog.Ask(FilledText(NotReadableAgainText, {reason}))) {
         return {};
     }
-    if (!host.bCommentCompatibilityMode || path.extension() != ".cp" || pAgain == nullptr) {
-        return {{path, std::move(text)}};
+    fs::path twin = TwinOf(job.path);
+    if (!host.bCommentCompatibilityMode || twin.empty() || pAgain == nullptr) {
+        return {{job.path, job.text}};
     }
-    fs::path twin = path;
-    twin += "x";
-    return {{std::move(twin), std::move(text)}, {path, TextWithoutComments(*pAgain)}};
+    return {{std::move(twin), job.text}, {job.path, TextWithoutComments(*pAgain)}};
 }
 
-bool WriteTargets(CDocument& document, const std::vector<TTarget>& targets, const TFileHost& host) {
+/// From now on only what was saved is watched: after "Save as" the file before is somebody else's.
+CFileWatch WatchOf(const std::vector<TFileContent>& contents) {
+    CFileWatch watch;
+    for (const TFileContent& content : contents) {
+        watch.Note(content.path, content.text);
+    }
+    return watch;
+}
+
+bool WriteContents(TSaveJob& job, const TFileHost& host) {
     host.dialog.Progress(UserText(SavingFileText));
     std::string error;
     try {
-        for (const TTarget& target : targets) {
-            SaveFileAtomically(target.path, target.text, TBackup::Keep);
-            document.Watch().Note(target.path, target.text);
+        for (const TFileContent& content : job.contents) {
+            SaveFileAtomically(content.path, content.text, TBackup::Keep);
+            job.watch.Note(content.path, content.text);
         }
+        job.watch = WatchOf(job.contents);
     } catch (const ChessException& exception) {
         error = exception.what();
     }
@@ -159,25 +159,47 @@ bool WriteTargets(CDocument& document, const std::vector<TTarget>& targets, cons
 
 }  // namespace
 
-bool SaveProblemFile(CDocument& document, const fs::path& path, const TFileHost& host) {
-    if (IsEpdName(path)) {
-        host.dialog.Tell(UserText(EpdNotWrittenText));
-        return false;
+bool ConfirmSave(const CDocument& document, const fs::path& path, const TFileHost& host) {
+    return ConfirmRepeatedPositions(document, host) && ConfirmLosses(document, path, host);
+}
+
+bool RunSave(TSaveJob& job, const TFileHost& host) {
+    if (job.contents.empty()) {
+        job.contents = ContentsOf(job, host);
     }
+    const bool bConfirmed =
+        !job.contents.empty() && std::ranges::all_of(job.contents, [&](const auto& content) {
+            return ConfirmForeignFile(job.watch, content.path, host);
+        });
+    return bConfirmed && WriteContents(job, host);
+}
+
+void FinishSave(CDocument& document, TSaveJob job, bool bSaved) {
+    document.Watch() = std::move(job.watch);
+    if (bSaved && document.Revision() == job.nRevision) {
+        document.MarkSaved(job.path);
+    }
+}
+
+bool SaveProblemFile(CDocument& document, const fs::path& path, const TFileHost& host) {
     std::error_code ignored;
     const fs::path whole = fs::absolute(path, ignored);
-    if (!ConfirmRepeatedPositions(document, host) || !ConfirmLosses(document, whole, host)) {
+    if (!ConfirmSave(document, whole, host)) {
         return false;
     }
-    const std::vector<TTarget> targets = TargetsOf(document, whole, host);
-    const bool bConfirmed = !targets.empty() && std::ranges::all_of(targets, [&](const auto& t) {
-        return ConfirmForeignFile(document, t.path, host);
-    });
-    if (!bConfirmed || !WriteTargets(document, targets, host)) {
+    TSaveJob job{.path = whole,
+                 .text = {},
+                 .nRevision = document.Revision(),
+                 .watch = document.Watch(),
+                 .contents = {}};
+    if (!IsEpdName(whole)) {
+        job.text = ProblemListToText(document.Problems());
+    } else if ((job.contents = EpdContent(document, whole, host)).empty()) {
         return false;
     }
-    document.MarkSaved(whole);
-    return true;
+    const bool bSaved = RunSave(job, host);
+    FinishSave(document, std::move(job), bSaved);
+    return bSaved;
 }
 
 }  // namespace tarnwick

@@ -41,7 +41,8 @@ constexpr TOptionKey Keys[] = {
     {"LogToFileTmpRegLoad",               &TOptions::logToFileTmpRegLoad,               0, 1,          ReadOnly},
     {"CustomizedVersion",                 &TOptions::customizedVersion,                 0, 1,          ReadOnly},
     {"EnableManualEngineControl",         &TOptions::enableManualEngineControl,         0, 1,          WrittenBack},
-    {"ScalingWarningDismissed",           &TOptions::scalingWarningDismissed,           0, 1,          ReadOnly},
+    {ScalingWarningKey,                   &TOptions::scalingWarningDismissed,           0, 1,          ReadOnly},
+    {DarkColoursKey,                      &TOptions::colours,                           0, 1,          ReadOnly},
 };
 // clang-format on
 

@@ -13,7 +13,8 @@ namespace tarnwick {
 struct TOptionKey {
     const char* name;
     std::variant<bool TOptions::*, int TOptions::*, LanguageId TOptions::*,
-                 TSecondInstanceWarning TOptions::*, TMinimizeToTray TOptions::*>
+                 TSecondInstanceWarning TOptions::*, TMinimizeToTray TOptions::*,
+                 TColours TOptions::*>
         member;
     /// Values in memory; a switch has none, as every number but 0 switches it on.
     int nLeast = 0;
@@ -24,6 +25,8 @@ struct TOptionKey {
 
 inline constexpr const char* OptionsSection = "chess";
 inline constexpr const char* LanguageKey = "LanguageId";
+inline constexpr const char* DarkColoursKey = "DarkColours";
+inline constexpr const char* ScalingWarningKey = "ScalingWarningDismissed";
 inline constexpr const char* PrecalcPathKey = "PrecalcPath";
 
 /// In the order in which a new file lists them.

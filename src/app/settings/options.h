@@ -7,7 +7,7 @@
 // of options.ini; a missing, damaged or hostile file means defaults, never an error, and what was passed
 // over is told in notes for the application log.
 //
-// Each member has the name of its key in the file, but for the first letter.
+// Each member has the name of its key in the file, but for the first letter; colours is DarkColours.
 
 #include <cstdint>
 #include <filesystem>
@@ -31,6 +31,13 @@ enum class TMinimizeToTray : int {
     Never = 0,
     Always = 1,
     WithCtrl = 2
+};
+
+/// DarkColours has the last two.
+enum class TColours : int {
+    OfDesktop = -1,  ///< The user has never chosen.
+    Light = 0,
+    Dark = 1
 };
 
 struct TOptions {
@@ -79,6 +86,7 @@ struct TOptions {
     bool commentCompatibilityMode = false;  ///< Comments of variants go to a second file, ".cpx".
     bool customizedVersion = false;
     bool scalingWarningDismissed = false;
+    TColours colours = TColours::OfDesktop;
 };
 
 struct TReadOptions {
@@ -97,7 +105,8 @@ TReadOptions ReadOptions(const std::filesystem::path& file);
 /// be changed (over 1 MiB, UTF-16); it then is as it was.
 void WriteOptions(const std::filesystem::path& file, const TOptions& options);
 
-/// Writes one whole number: the language by its command, and ScalingWarningDismissed. As WriteOptions.
+/// Writes one whole number: the language and the colours by their commands, and
+/// ScalingWarningDismissed. As WriteOptions.
 void WriteOption(const std::filesystem::path& file, std::string_view key, int nValue);
 
 /// The limits that the options mean on this machine.

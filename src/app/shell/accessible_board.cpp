@@ -5,6 +5,7 @@
 #include <QAccessibleWidget>
 #include <array>
 
+#include "app/setup/setup_texts.h"
 #include "app/shell/board_widget.h"
 #include "app/view/field_names.h"
 #include "app/view/view_texts.h"
@@ -66,7 +67,16 @@ QString CAccessibleField::text(QAccessible::Text kind) const {
     if (kind != QAccessible::Name) {
         return {};
     }
-    return QString::fromStdString(FieldNameForReader(m_widget.Board(), m_widget.Drag(), m_field));
+    QString name =
+        QString::fromStdString(FieldNameForReader(m_widget.Board(), m_widget.Drag(), m_field));
+    if (const TSetupMarks* const pMarks = m_widget.SetupMarks()) {
+        if ((pMarks->faulty & FieldBit(m_field)) != 0) {
+            name += ", " + QString::fromUtf8(UserText(FaultyFieldText));
+        } else if ((pMarks->doubtful & FieldBit(m_field)) != 0) {
+            name += ", " + QString::fromUtf8(UserText(DoubtfulFieldText));
+        }
+    }
+    return name;
 }
 
 QRect CAccessibleField::rect() const {
@@ -139,6 +149,9 @@ QString CAccessibleBoard::text(QAccessible::Text kind) const {
         case QAccessible::Name:
             return UserText(BoardNameText);
         case QAccessible::Description:
+            if (m_widget.SetupMarks() != nullptr) {
+                return QString::fromUtf8(UserText(SettingBoardText));
+            }
             return QString::fromStdString(BoardForReader(m_widget.Board()));
         case QAccessible::Help:
             return UserText(BoardHelpText);

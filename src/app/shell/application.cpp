@@ -21,6 +21,7 @@
 #include "app/settings/application_log.h"
 #include "app/settings/machine_defaults.h"
 #include "app/settings/second_instance.h"
+#include "app/shell/diagram_painting.h"
 #include "app/shell/main_window.h"
 #include "app/shell/message_boxes.h"
 
@@ -90,6 +91,7 @@ TProgramSettings ReadSettings(THomeFolders folders, CWindowDialog& dialog) {
     TProgramSettings settings;
     settings.options = read.options;
     settings.folders = std::move(folders);
+    settings.program = QFile::encodeName(QApplication::applicationFilePath()).toStdString();
     settings.threads = ApplyMachineDefaults(ProcessorsOfMachine(), settings.options);
     const std::filesystem::path log = settings.folders.LogFile();
     LogApplicationEvent(log, "Program opened (%s)",
@@ -137,6 +139,9 @@ int RunWindow(const TArguments& arguments) {
 }  // namespace
 
 int RunApplication(int argc, char** argv) {
+    if (argc > 1 && argv[1] == PaintPicturesWord) {
+        return PaintPictures(argc, argv);
+    }
     // Before the toolkit, which wants a screen.
     const TArguments early = ReadArguments({argv + 1, argv + argc});
     if (early.bVersion || early.bHelp) {
@@ -145,6 +150,8 @@ int RunApplication(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName("Tarnwick");
+    // tarnwick.desktop: by this name desktops find the icon of a window.
+    QApplication::setDesktopFileName("tarnwick");
     QApplication::setStyle(new CProgramStyle);
     QApplication::setQuitOnLastWindowClosed(false);
     // The toolkit has taken its own arguments out.

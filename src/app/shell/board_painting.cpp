@@ -58,8 +58,9 @@ void CBoardWidget::PaintMan(QPainter& painter, int field, const QRect& square) {
         return;
     }
     const QRect place = RoomForMan(square);
+    const bool bSelected = m_drag.MarkOf(field) == TFieldMark::Selected;
     const bool bLifted =
-        m_drag.MarkOf(field) == TFieldMark::Selected && m_drag.DraggedMan() != EmptyField;
+        m_setup ? m_setup->liftedFrom == field : bSelected && m_drag.DraggedMan() != EmptyField;
     painter.setOpacity(bLifted ? LiftedOpacity : 1);
     painter.drawPixmap(place.topLeft(), m_pieces.Pixmap(code, place.width(), devicePixelRatioF()));
     painter.setOpacity(1);
@@ -75,6 +76,11 @@ void CBoardWidget::PaintMarks(QPainter& painter, int field, const QRect& square)
         painter.drawRect(QRectF(square).adjusted(half, half, -half, -half));
     };
     const TFieldMark mark = m_drag.MarkOf(field);
+    if (m_setup && (m_setup->faulty & FieldBit(field)) != 0) {
+        frame(m_palette.forbiddenMark, line, 0);
+    } else if (m_setup && (m_setup->doubtful & FieldBit(field)) != 0) {
+        frame(m_palette.doubtfulMark, line, 0);
+    }
     if ((m_flashed & FieldBit(field)) != 0) {
         frame(m_palette.allowedMark, line, 0);
     }

@@ -1,11 +1,14 @@
 #include "app/shell/board_widget.h"
 
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <optional>
 
 #include "app/shell/accessible_board.h"
+#include "app/view/field_names.h"
 #include "app/view/typed_move.h"
 
 namespace tarnwick {
@@ -40,6 +43,20 @@ CBoardWidget::CBoardWidget(QWidget* pParent)
 }
 
 void CBoardWidget::ShowBoard(const TChessboard& board, bool bMovesAllowed) {
+    if (m_setup) {
+        m_setup.reset();
+        update();
+    }
+    Show(board, bMovesAllowed);
+}
+
+void CBoardWidget::ShowSetup(const TChessboard& board, const TSetupMarks& marks) {
+    m_setup = marks;
+    Show(board, false);
+    update();
+}
+
+void CBoardWidget::Show(const TChessboard& board, bool bMovesAllowed) {
     const TFieldSet lastBefore = LastMoveFields();
     m_board = board;
     m_bMovesAllowed = bMovesAllowed;
@@ -67,6 +84,10 @@ void CBoardWidget::Promote(TFigureCode type) {
 
 void CBoardWidget::ActivateField(int field) {
     Obey(m_drag.PutCursor(field));
+    if (m_setup) {
+        emit fieldChosen(field);
+        return;
+    }
     Obey(m_drag.ActivateCursor());
 }
 
@@ -91,6 +112,10 @@ QSize CBoardWidget::sizeHint() const {
     return {8 * DefaultField, 8 * DefaultField};
 }
 
+int CBoardWidget::FieldAtGlobal(const QPoint& globalPlace) const {
+    return FieldAtPoint(mapFromGlobal(globalPlace));
+}
+
 int CBoardWidget::FieldAtPoint(const QPointF& place) const {
     const QPoint point = place.toPoint();
     return Geometry().FieldUnder(point.x(), point.y());
@@ -107,14 +132,30 @@ TFieldSet CBoardWidget::LastMoveFields() const {
     return bShown ? FieldBit(last.from) | FieldBit(last.to) : 0;
 }
 
+bool CBoardWidget::event(QEvent* pEvent) {
+    if (pEvent->type() != QEvent::ToolTip) {
+        return QWidget::event(pEvent);
+    }
+    const auto* const pHelp = static_cast<QHelpEvent*>(pEvent);
+    const int field = FieldAtPoint(pHelp->pos());
+    if (field == NoFieldUnderMouse || m_drag.DraggedMan() != EmptyField) {
+        QToolTip::hideText();
+        pEvent->ignore();
+    } else {
+        const std::string name = FieldNameForReader(m_board, m_drag, field);
+        QToolTip::showText(pHelp->globalPos(), QString::fromStdString(name), this, SquareOf(field));
+    }
+    return true;
+}
+
 // The mouse.
 
 void CBoardWidget::mousePressEvent(QMouseEvent* pEvent) {
-    const int field = FieldAtPoint(pEvent->position());
-    if (!m_bMovesAllowed && field != NoFieldUnderMouse) {
-        emit fieldPressed(field, pEvent->button());
+    if (m_setup) {
+        PressSetup(*pEvent);
         return;
     }
+    const int field = FieldAtPoint(pEvent->position());
     if (pEvent->button() == Qt::LeftButton) {
         SetTyped("");
         Obey(m_drag.HideCursor());
@@ -124,12 +165,29 @@ void CBoardWidget::mousePressEvent(QMouseEvent* pEvent) {
     }
 }
 
+void CBoardWidget::PressSetup(const QMouseEvent& event) {
+    const int field = FieldAtPoint(event.position());
+    if (field != NoFieldUnderMouse) {
+        Obey(m_drag.HideCursor());
+        emit fieldPressed(field, event.button());
+    }
+}
+
 void CBoardWidget::mouseMoveEvent(QMouseEvent* pEvent) {
+    if (m_setup) {
+        m_mouseField = FieldAtPoint(pEvent->position());
+        emit mouseDragged(pEvent->globalPosition().toPoint());
+        return;
+    }
     Obey(m_drag.Hover(FieldAtPoint(pEvent->position())));
     FollowMouse(pEvent->position());
 }
 
 void CBoardWidget::mouseReleaseEvent(QMouseEvent* pEvent) {
+    if (m_setup) {
+        emit mouseReleased(pEvent->globalPosition().toPoint());
+        return;
+    }
     if (pEvent->button() == Qt::LeftButton) {
         update(DraggedManSquare());
         Obey(m_drag.Release(FieldAtPoint(pEvent->position())));
@@ -138,6 +196,7 @@ void CBoardWidget::mouseReleaseEvent(QMouseEvent* pEvent) {
 }
 
 void CBoardWidget::leaveEvent(QEvent* /*pEvent*/) {
+    m_mouseField = NoFieldUnderMouse;
     Obey(m_drag.Hover(NoFieldUnderMouse));
 }
 
@@ -176,6 +235,8 @@ void CBoardWidget::keyPressEvent(QKeyEvent* pEvent) {
     const int key = pEvent->key();
     if (const auto direction = DirectionOf(key)) {
         MoveCursorBy(*direction);
+    } else if (m_setup) {
+        PressSetupKey(*pEvent);
     } else if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
         CommitTyped();
     } else if (key == Qt::Key_Escape) {
@@ -189,6 +250,22 @@ void CBoardWidget::keyPressEvent(QKeyEvent* pEvent) {
         Type(pEvent->text());
     } else {
         QWidget::keyPressEvent(pEvent);
+    }
+}
+
+/// What the window does not take as a key of setting up is a key of the window.
+void CBoardWidget::PressSetupKey(QKeyEvent& event) {
+    const int key = event.key();
+    const int cursor = m_drag.CursorField();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
+        if (cursor != NoFieldUnderMouse) {
+            emit fieldChosen(cursor);
+        }
+    } else if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+        QWidget::keyPressEvent(&event);
+    } else {
+        emit setupKeyPressed(cursor != NoFieldUnderMouse ? cursor : m_mouseField, key,
+                             event.text());
     }
 }
 
@@ -207,10 +284,6 @@ void CBoardWidget::MoveCursorBy(TBoardDirection direction) {
 /// Enter plays the typed move, or picks up and puts down at the cursor when nothing was typed.
 void CBoardWidget::CommitTyped() {
     if (m_typed.empty()) {
-        const int field = m_drag.CursorField();
-        if (!m_bMovesAllowed && field != NoFieldUnderMouse) {
-            emit fieldPressed(field, Qt::LeftButton);
-        }
         Obey(m_drag.ActivateCursor());
         return;
     }

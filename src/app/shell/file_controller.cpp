@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QFile>
+#include <utility>
 
 #include "base/chess_exception.h"
 #include "base/filled_text.h"
 
 #include "app/commands/command_table.h"
+#include "app/document/document_texts.h"
 #include "app/document/problem_merge.h"
 #include "app/shell/solve_controller.h"
 #include "app/shell/window_texts.h"
@@ -19,13 +21,20 @@ namespace fs = std::filesystem;
 
 /// Messages about the growing count come at this distance of problems.
 constexpr int CountStep = 500;
+/// A bigger file is read in the background: some thousand problems.
+constexpr std::uintmax_t BigFileBytes = std::uintmax_t{512} << 10;
 
 }  // namespace
 
 CFileController::CFileController(CWorkbench& workbench, CSolveController& solving)
-    : m_workbench(workbench), m_solving(solving), m_journal(workbench.Folders().data) {
+    : m_workbench(workbench),
+      m_solving(solving),
+      m_journal(workbench.Folders().data, workbench.Folders().LogFile()),
+      m_saver(workbench.Document()) {
+    connect(&m_saver, &CFileSaver::finished, this, &CFileController::NoteSaved);
     m_workbench.AddFacts([this](TWindowState& state) {
         state.bInitialising = m_bReading;
+        state.bSaving = m_saver.IsSaving();
         std::error_code error;
         const auto status = fs::status(m_workbench.Document().Path(), error);
         state.bReadOnlyFile = !error && fs::exists(status) &&
@@ -90,7 +99,7 @@ TFileHost CFileController::Host() {
 // The start.
 
 void CFileController::OpenAtStart(const fs::path& path) {
-    m_bReading = true;
+    m_bReading = m_bStarting = true;
     fs::path wanted = path;
     if (wanted.empty()) {
         wanted = m_workbench.Folders().ProblemFile();
@@ -148,18 +157,22 @@ void CFileController::FinishReading(const fs::path& path, TReadFile file,
     } else {
         m_workbench.Dialog().Tell(failure);
     }
-    emit fileChanged();
-    m_workbench.ShowProblem();
-    ShowCount();
-    if (m_journal.OfferLostWork(document, Host())) {
-        emit fileChanged();
-        m_workbench.ShowProblem();
-        ShowCount();
+    ShowFile();
+    if (std::exchange(m_bStarting, false)) {
+        if (m_journal.OfferLostWork(document, Host())) {
+            ShowFile();
+        }
+        emit ready();
     }
-    emit ready();
     // Folds all texts once the window has been painted, so that the first filter is as quick as the next.
     QMetaObject::invokeMethod(
         this, [this] { m_workbench.Document().Filtered(L"x"); }, Qt::QueuedConnection);
+}
+
+void CFileController::ShowFile() {
+    emit fileChanged();
+    m_workbench.ShowProblem();
+    ShowCount();
 }
 
 void CFileController::ShowCount() {
@@ -169,14 +182,25 @@ void CFileController::ShowCount() {
 
 // Commands.
 
-bool CFileController::Open(const fs::path& path) {
-    if (!OpenProblemFile(m_workbench.Document(), path, Host())) {
-        return false;
+void CFileController::Open(const fs::path& path) {
+    CDocument& document = m_workbench.Document();
+    std::error_code ignored;
+    const std::uintmax_t size =
+        fs::is_regular_file(path, ignored) ? fs::file_size(path, ignored) : 0;
+    if (size < BigFileBytes) {
+        if (OpenProblemFile(document, path, Host())) {
+            ShowFile();
+        }
+        return;
     }
-    emit fileChanged();
-    m_workbench.ShowProblem();
-    ShowCount();
-    return true;
+    if (!StopSolvingOnRequest(Host()) || !SettleUnsavedChanges(document, Host())) {
+        return;
+    }
+    m_bReading = true;
+    m_nRead = 0;
+    m_workbench.SetStatus(UserText(OpeningFileText));
+    m_workbench.StateChanged();
+    m_reader = std::thread([this, path] { ReadInBackground(path); });
 }
 
 /// Beside the program when it is installed, in the project's folder while it is being developed.
@@ -225,37 +249,55 @@ void CFileController::New() {
     }
 }
 
-bool CFileController::Save() {
-    CDocument& document = m_workbench.Document();
-    if (document.Path().empty()) {  // the file of the command line did not exist
-        return SaveAs();
+void CFileController::Save() {
+    const fs::path path = m_workbench.Document().Path();
+    if (path.empty()) {  // the file of the command line did not exist
+        SaveAs();
+    } else {
+        SaveUnder(path);
     }
-    if (!SaveProblemFile(document, fs::path(document.Path()), Host())) {
-        return false;
-    }
-    m_journal.WriteNow(document);
-    m_workbench.SetStatus(FilledText(
-        SavedText, {FileNameForMessage(document.Path()), std::to_string(document.Count())}));
-    emit fileChanged();
-    m_workbench.StateChanged();
-    return true;
 }
 
-bool CFileController::SaveAs() {
-    CDocument& document = m_workbench.Document();
-    const auto path = m_workbench.Dialog().ChooseFile(*TextOfCommand(TCommand::SaveFileAs),
-                                                      TFileUse::Save, document.Path());
-    if (!path || !SaveProblemFile(document, *path, Host())) {
-        return false;
+void CFileController::SaveAs() {
+    const auto path = m_workbench.Dialog().ChooseFile(
+        *TextOfCommand(TCommand::SaveFileAs), TFileUse::Save, m_workbench.Document().Path());
+    if (path) {
+        SaveUnder(*path);
     }
-    m_journal.WriteNow(document);
-    emit fileChanged();
-    return true;
+}
+
+void CFileController::SaveUnder(const fs::path& path) {
+    CDocument& document = m_workbench.Document();
+    if (document.Count() < CFileSaver::ManyProblems || IsEpdName(path)) {
+        NoteSaved(SaveProblemFile(document, path, Host()));
+    } else if (m_saver.Start(path, Host())) {
+        m_workbench.SetStatus(UserText(SavingFileText));
+        m_workbench.StateChanged();
+    }
+}
+
+void CFileController::NoteSaved(bool bSaved) {
+    CDocument& document = m_workbench.Document();
+    if (bSaved) {
+        m_journal.WriteNow(document);
+        m_workbench.SetStatus(FilledText(
+            SavedText, {FileNameForMessage(document.Path()), std::to_string(document.Count())}));
+        emit fileChanged();
+    }
+    m_workbench.StateChanged();
+    if (std::exchange(m_bCloseWhenSaved, false) && bSaved) {
+        emit mayCloseNow();
+    }
 }
 
 bool CFileController::MayClose() {
-    if (m_bReading) {
+    if (m_bStarting) {
         return true;
+    }
+    if (m_saver.IsSaving()) {
+        m_bCloseWhenSaved = true;
+        m_workbench.SetStatus(UserText(ClosesWhenSavedText));
+        return false;
     }
     if (!SettleUnsavedChanges(m_workbench.Document(), Host())) {
         return false;
@@ -266,6 +308,9 @@ bool CFileController::MayClose() {
 
 void CFileController::Tick() {
     if (m_bReading) {
+        return;
+    }
+    if (m_saver.IsSaving()) {
         return;
     }
     CDocument& document = m_workbench.Document();

@@ -8,6 +8,7 @@
 
 #include "app/document/crash_journal.h"
 #include "app/shell/command_dispatcher.h"
+#include "app/shell/file_saver.h"
 #include "app/shell/workbench.h"
 
 namespace tarnwick {
@@ -26,11 +27,13 @@ class CFileController : public QObject {
     /// shown as soon as it is known, the rest when all is read.
     void OpenAtStart(const std::filesystem::path& path);
     bool IsReading() const { return m_bReading; }
-    bool Open(const std::filesystem::path& path);
-    bool Save();
+    /// A big file is read on the same thread, and is on show later; a small one is when this returns.
+    void Open(const std::filesystem::path& path);
+    void Save();
     /// The number of problems as the status text.
     void ShowCount();
-    /// Asks about unsaved changes. True: the window may close, nothing is left to save.
+    /// Asks about unsaved changes. True: the window may close, nothing is left to save. While a file is
+    /// being saved it may not, and mayCloseNow follows.
     bool MayClose();
     /// Four times a second: the crash journal, and changes of the file by others.
     void Tick();
@@ -43,13 +46,17 @@ class CFileController : public QObject {
     /// The first file is on show.
     void ready();
     void fileChanged();
+    void mayCloseNow();
 
   private:
     TFileHost Host();
     void ReadInBackground(const std::filesystem::path& path);
     void NoteRead(const TChessProblem& problem);
     void FinishReading(const std::filesystem::path& path, TReadFile file, const std::string& error);
-    bool SaveAs();
+    void SaveAs();
+    void SaveUnder(const std::filesystem::path& path);
+    void NoteSaved(bool bSaved);
+    void ShowFile();
     void New();
     void WithFile(TCommand command, TFileUse use,
                   const std::function<void(const std::filesystem::path&)>& action);
@@ -58,8 +65,11 @@ class CFileController : public QObject {
     CWorkbench& m_workbench;
     CSolveController& m_solving;
     CCrashJournal m_journal;
+    CFileSaver m_saver;
+    bool m_bCloseWhenSaved = false;
     std::thread m_reader;
     bool m_bReading = false;
+    bool m_bStarting = false;  ///< It is the first file.
     std::atomic<bool> m_bGiveUp{false};
     int m_nRead = 0;  ///< The reader's own.
 };

@@ -10,7 +10,7 @@
 
 #include "base/chess_exception.h"
 
-#include "app/settings/options.h"
+#include "app/settings/option_keys.h"
 #include "app/shell/about_box.h"
 #include "app/shell/window_texts.h"
 
@@ -35,12 +35,18 @@ CMainWindow::CMainWindow(TProgramSettings settings, CWindowDialog& dialog)
       m_pStrip(new CMessageStrip(m_pTitleBar->parentWidget())),
       m_pProgress(new CProgressPanel(m_pTitleBar->parentWidget())),
       m_pMoves(new CMovesPanel(m_pTitleBar->parentWidget())),
+      m_pSetup(new CSetupPanel(m_pTitleBar->parentWidget())),
       m_pBottomBar(new CBottomBar(m_pTitleBar->parentWidget())),
       m_solving(m_workbench),
       m_files(m_workbench, m_solving),
       m_playing(m_workbench, *m_pBoard),
       m_variants(m_workbench, *m_pMoves),
       m_problems(m_workbench, *m_pTitleBar),
+      m_setup(m_workbench, *m_pBoard, *m_pSetup),
+      m_positions(m_workbench),
+      m_clipboard(m_workbench, m_setup),
+      m_exports(m_workbench, *m_pBoard),
+      m_drops(*this, m_workbench, m_files, m_clipboard),
       m_menus(*menuBar(), m_dispatcher, m_workbench),
       m_tray(m_menus.NewContextMenu(TContextMenu::TrayIcon), this) {
     setCentralWidget(m_pTitleBar->parentWidget());
@@ -54,8 +60,10 @@ CMainWindow::CMainWindow(TProgramSettings settings, CWindowDialog& dialog)
     ConnectWidgets();
     ConnectFiles();
     ConnectSolving();
+    ConnectSetup();
     qApp->installEventFilter(this);
-    SetDarkColours(IsDarkDesktop());
+    const TColours colours = m_workbench.Options().colours;
+    SetDarkColours(colours == TColours::OfDesktop ? IsDarkDesktop() : colours == TColours::Dark);
     const TMinimumSize smallest = SmallestWindow(fontMetrics().height());
     m_pTitleBar->parentWidget()->setMinimumSize(smallest.width, smallest.height);
     resize(smallest.width, smallest.height + menuBar()->sizeHint().height());
@@ -76,6 +84,10 @@ void CMainWindow::AddCommands() {
     m_playing.AddCommands(m_dispatcher);
     m_variants.AddCommands(m_dispatcher);
     m_problems.AddCommands(m_dispatcher);
+    m_setup.AddCommands(m_dispatcher);
+    m_positions.AddCommands(m_dispatcher);
+    m_clipboard.AddCommands(m_dispatcher);
+    m_exports.AddCommands(m_dispatcher);
     m_dispatcher.CallFirst([this] { m_pTitleBar->CommitEdit(); });
     m_dispatcher.Add(TCommand::Exit, [this] { close(); });
     m_dispatcher.Add(TCommand::CloseProgram, [this] {
@@ -87,7 +99,10 @@ void CMainWindow::AddCommands() {
         m_pProgress->SetLarge(!m_pProgress->IsLarge());
         PlaceParts();
     });
-    m_dispatcher.Add(TCommand::DarkColours, [this] { SetDarkColours(!m_bDark); });
+    m_dispatcher.Add(TCommand::DarkColours, [this] {
+        SetDarkColours(!m_bDark);
+        KeepOption(DarkColoursKey, m_bDark ? 1 : 0);
+    });
     m_dispatcher.Add(TCommand::Polish, [this] { ChangeLanguage(LanguageId::Polish); });
     m_dispatcher.Add(TCommand::English, [this] { ChangeLanguage(LanguageId::English); });
     m_dispatcher.Add(TCommand::Ukrainian, [this] { ChangeLanguage(LanguageId::Ukrainian); });
@@ -170,6 +185,7 @@ void CMainWindow::ConnectWidgets() {
     });
     connect(m_pProgress, &CProgressPanel::resizeWanted, this,
             [run] { run(TCommand::ResizeProgressPanel); });
+    connect(m_pProgress, &CProgressPanel::contextMenuWanted, this, openMenu);
     connect(m_pProgress, &CProgressPanel::peekWanted, this, [this](int thread) {
         m_solving.Peek(thread < 0 ? std::nullopt
                                   : std::optional(static_cast<std::uint16_t>(thread)));
@@ -199,6 +215,7 @@ void CMainWindow::ConnectFiles() {
         }
         ShowState();
     });
+    connect(&m_files, &CFileController::mayCloseNow, this, &CMainWindow::close);
     connect(&m_files, &CFileController::ready, this, &CMainWindow::AskAboutScaling);
 }
 
@@ -211,6 +228,11 @@ void CMainWindow::ConnectSolving() {
     connect(&m_solving, &CSolveController::flashWanted, m_pBoard, &CBoardWidget::FlashFields);
 }
 
+void CMainWindow::ConnectSetup() {
+    connect(&m_setup, &CSetupController::activeChanged, this, &CMainWindow::ShowSetup);
+    connect(&m_setup, &CSetupController::movesChanged, this, &CMainWindow::ShowTitle);
+}
+
 void CMainWindow::Tick() {
     if (m_solving.IsRunning()) {
         ShowProgress();
@@ -218,7 +240,9 @@ void CMainWindow::Tick() {
     if (isActiveWindow()) {
         m_solving.ResultSeen();
     }
-    m_files.Tick();
+    if (!m_setup.IsActive()) {  // the file must not be reloaded below the hand of the user
+        m_files.Tick();
+    }
 }
 
 // Language and colours.
@@ -251,24 +275,27 @@ void CMainWindow::SetDarkColours(bool bDark) {
     }
 }
 
-/// Answering No is for good: the window adapts by itself.
+/// Answering No is for good: the window adapts by itself. Closing the question answers nothing.
 void CMainWindow::AskAboutScaling() {
     TOptions& options = m_workbench.Options();
     if (fontMetrics().height() <= UsualLineHeight || options.scalingWarningDismissed) {
         return;
     }
-    m_workbench.Dialog().AskLater(UserText(ScalingText), [this](bool bYes) {
-        if (bYes) {
-            return;
+    const auto answer = [this](bool bYes) {
+        if (!bYes) {
+            m_workbench.Options().scalingWarningDismissed = true;
+            KeepOption(ScalingWarningKey, 1);
         }
-        m_workbench.Options().scalingWarningDismissed = true;
-        try {
-            MakePrivateFolder(m_workbench.Folders().config);
-            WriteOption(m_workbench.Folders().OptionsFile(), "ScalingWarningDismissed", 1);
-        } catch (const ChessException& error) {
-            m_workbench.SetStatus(error.what());
-        }
-    });
+    };
+    m_workbench.Dialog().AskLater(UserText(ScalingText), answer, TEscape::IsYes);
+}
+
+void CMainWindow::KeepOption(const char* key, int nValue) {
+    try {
+        WriteOption(m_workbench.Folders().OptionsFile(), key, nValue);
+    } catch (const ChessException& error) {
+        m_workbench.SetStatus(error.what());
+    }
 }
 
 // The window itself.
@@ -280,12 +307,13 @@ void CMainWindow::PlaceParts() {
                                                .lineHeight = fontMetrics().height(),
                                                .titleTextWidth = m_pTitleBar->NumberWidth(),
                                                .bProgressLarge = m_pProgress->IsLarge(),
-                                               .bSettingPosition = false});
+                                               .bSettingPosition = m_setup.IsActive()});
     m_pTitleBar->Place(layout);
     m_pBoard->setGeometry(ToQRect(layout.board));
     m_pStrip->Place(layout);
     m_pProgress->Place(layout);
     m_pMoves->Place(layout);
+    m_pSetup->Place(layout);
     m_pBottomBar->Place(layout);
 }
 
@@ -296,7 +324,7 @@ void CMainWindow::resizeEvent(QResizeEvent* pEvent) {
 
 void CMainWindow::closeEvent(QCloseEvent* pEvent) {
     m_pTitleBar->CommitEdit();
-    if (!m_files.MayClose()) {
+    if (!m_setup.MayClose() || !m_files.MayClose()) {
         pEvent->ignore();
         return;
     }

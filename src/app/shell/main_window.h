@@ -11,12 +11,18 @@
 
 #include "app/shell/board_widget.h"
 #include "app/shell/bottom_bar.h"
+#include "app/shell/clipboard_controller.h"
+#include "app/shell/drop_controller.h"
+#include "app/shell/export_controller.h"
 #include "app/shell/file_controller.h"
 #include "app/shell/message_strip.h"
 #include "app/shell/moves_panel.h"
 #include "app/shell/play_controller.h"
+#include "app/shell/position_controller.h"
 #include "app/shell/problem_controller.h"
 #include "app/shell/progress_panel.h"
+#include "app/shell/setup_controller.h"
+#include "app/shell/setup_panel.h"
 #include "app/shell/solve_controller.h"
 #include "app/shell/title_bar.h"
 #include "app/shell/tray.h"
@@ -46,6 +52,9 @@ class CMainWindow : public QMainWindow {
     CBottomBar& BottomBar() { return *m_pBottomBar; }
     CMessageStrip& Strip() { return *m_pStrip; }
     CTitleBar& TitleBar() { return *m_pTitleBar; }
+    CSetupPanel& SetupPanel() { return *m_pSetup; }
+    CSetupController& Setup() { return m_setup; }
+    CClipboardController& Clipboard() { return m_clipboard; }
     void SetDarkColours(bool bDark);
 
   protected:
@@ -59,6 +68,7 @@ class CMainWindow : public QMainWindow {
     void ConnectWidgets();
     void ConnectFiles();
     void ConnectSolving();
+    void ConnectSetup();
     void AddCommands();
     void AddLinkCommands();
     void PlaceParts();
@@ -71,10 +81,13 @@ class CMainWindow : public QMainWindow {
     void ShowState();
     void ShowIndicator();
     void ShowFileName();
+    void ShowSetup();
     void Retranslate();
     void ChangeLanguage(LanguageId language);
     void ShowFromTray();
     void AskAboutScaling();
+    /// Writes the option at once; a failure is told as the status.
+    void KeepOption(const char* key, int nValue);
     void OpenDocument(const std::vector<std::string>& names);
 
     CWorkbench m_workbench;
@@ -86,6 +99,7 @@ class CMainWindow : public QMainWindow {
     CMessageStrip* m_pStrip;
     CProgressPanel* m_pProgress;
     CMovesPanel* m_pMoves;
+    CSetupPanel* m_pSetup;  ///< In the place of the two before, while a position is being set up.
     CBottomBar* m_pBottomBar;
 
     CSolveController m_solving;
@@ -93,6 +107,11 @@ class CMainWindow : public QMainWindow {
     CPlayController m_playing;
     CVariantController m_variants;
     CProblemController m_problems;
+    CSetupController m_setup;
+    CPositionController m_positions;
+    CClipboardController m_clipboard;
+    CExportController m_exports;
+    CDropController m_drops;
     CWindowMenus m_menus;
     CTray m_tray;
 

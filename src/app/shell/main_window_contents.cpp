@@ -2,14 +2,33 @@
 
 #include "app/shell/main_window.h"
 #include "app/solving/known_position.h"
+#include "app/view/problem_title.h"
 #include "problems/file_text.h"
 
 namespace tarnwick {
 
 void CMainWindow::ShowTitle() {
     const TChessProblem* const pProblem = m_workbench.Document().Current();
-    m_pTitleBar->ShowTitle(pProblem != nullptr ? TitleOf(*pProblem) : TTitle{});
+    TTitle title = pProblem != nullptr ? TitleOf(*pProblem) : TTitle{};
+    if (pProblem != nullptr && m_setup.IsActive() && m_setup.Moves() > 0) {
+        TChessProblem shown;  // with the stipulation that is being set
+        shown.m_id = pProblem->m_id;
+        shown.m_type = pProblem->m_type;
+        SetPlies(shown, PliesOfStipulation(shown.m_type, m_setup.Moves()));
+        title.number = QString::fromStdString(TitleText(shown));
+    }
+    m_pTitleBar->ShowTitle(title);
     PlaceParts();
+}
+
+/// The panel of setting up takes the place of progress and moves.
+void CMainWindow::ShowSetup() {
+    const bool bActive = m_setup.IsActive();
+    m_pSetup->setVisible(bActive);
+    m_pProgress->setVisible(!bActive);
+    m_pMoves->setVisible(!bActive);
+    m_pStrip->setEnabled(!bActive);
+    ShowTitle();
 }
 
 void CMainWindow::ShowProblemDetails() {

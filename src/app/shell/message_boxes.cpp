@@ -6,6 +6,7 @@
 #include <QThread>
 #include <memory>
 
+#include "app/clipboard/clipboard_texts.h"
 #include "app/commands/command_table.h"
 #include "app/shell/panel.h"
 #include "app/shell/window_texts.h"
@@ -86,11 +87,13 @@ void CMessageBoxes::TellLater(const std::string& title, const std::string& text)
     OpenAndForget(pBox);
 }
 
-void CMessageBoxes::AskLater(const std::string& text, std::function<void(bool bYes)> answer) {
+void CMessageBoxes::AskLater(const std::string& text, std::function<void(bool bYes)> answer,
+                             TEscape escape) {
     QMessageBox* const pBox = NewBox(ShownText(InformationTitle), ToQString(text));
     pBox->setIcon(QMessageBox::Question);
-    const auto* const pYes = pBox->addButton(ShownText(YesText), QMessageBox::YesRole);
-    pBox->setEscapeButton(pBox->addButton(ShownText(NoText), QMessageBox::NoRole));
+    auto* const pYes = pBox->addButton(ShownText(YesText), QMessageBox::YesRole);
+    auto* const pNo = pBox->addButton(ShownText(NoText), QMessageBox::NoRole);
+    pBox->setEscapeButton(escape == TEscape::IsYes ? pYes : pNo);
     connect(pBox, &QDialog::finished, this,
             [pBox, pYes, answer] { answer(pBox->clickedButton() == pYes); });
     OpenAndForget(pBox);
@@ -112,15 +115,21 @@ TSaveAnswer CMessageBoxes::AskToSave(std::string_view text) {
 std::optional<std::filesystem::path> CMessageBoxes::ChooseFile(const TUserText& title, TFileUse use,
                                                                const std::filesystem::path& start) {
     QFileDialog dialog(m_pWindow, PlainText(title));
-    dialog.setNameFilters(use == TFileUse::OpenText ? QStringList{ShownText(AllFilesFilter)}
-                                                    : QStringList{ShownText(ProblemFilesFilter),
-                                                                  ShownText(AllFilesFilter)});
-    const bool bSave = use == TFileUse::Save;
+    QStringList filters = {ShownText(AllFilesFilter)};
+    if (use != TFileUse::OpenText) {
+        filters.prepend(ShownText(use == TFileUse::SavePicture ? PictureFilesFilter
+                                  : use == TFileUse::SavePgn   ? PgnFilesFilter
+                                                               : ProblemFilesFilter));
+    }
+    dialog.setNameFilters(filters);
+    const bool bSave = use != TFileUse::Open && use != TFileUse::OpenText;
     dialog.setAcceptMode(bSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(bSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (bSave) {
-        dialog.setDefaultSuffix("cp");
+        dialog.setDefaultSuffix(use == TFileUse::SavePicture ? "svg"
+                                : use == TFileUse::SavePgn   ? "pgn"
+                                                             : "cp");
     }
     const QString folder = QFile::decodeName(start.parent_path().c_str());
     dialog.setDirectory(folder);

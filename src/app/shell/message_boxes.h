@@ -21,7 +21,8 @@ class CMessageBoxes : public QObject, public CWindowDialog {
     bool Ask(std::string_view text) override;
     void Progress(std::string_view text) override;
     void TellLater(const std::string& title, const std::string& text) override;
-    void AskLater(const std::string& text, std::function<void(bool bYes)> answer) override;
+    void AskLater(const std::string& text, std::function<void(bool bYes)> answer,
+                  TEscape escape) override;
     TSaveAnswer AskToSave(std::string_view text) override;
     std::optional<std::filesystem::path> ChooseFile(const TUserText& title, TFileUse use,
                                                     const std::filesystem::path& start) override;

@@ -46,6 +46,9 @@ void CPlayController::ShowBoard() {
 }
 
 bool CPlayController::PlayTyped(const QString& text) {
+    if (m_board.SetupMarks() != nullptr) {
+        return false;
+    }
     try {
         return m_workbench.Play(
             MoveOfTypedText(m_workbench.Line().Board(), text.trimmed().toStdString()));
@@ -62,6 +65,9 @@ void CPlayController::GoToPly(int nPly) {
 }
 
 void CPlayController::Step(int nPlies) {
+    if (m_board.SetupMarks() != nullptr) {
+        return;  // the line belongs to another position
+    }
     CPlayedLine& line = m_workbench.Line();
     if (nPlies < 0 ? line.Back(-nPlies) : line.Forward(nPlies)) {
         m_workbench.LineMoved();

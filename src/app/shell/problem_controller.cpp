@@ -3,35 +3,14 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
-#include "base/encoding.h"
 #include "base/filled_text.h"
 
-#include "app/document/line_text.h"
-#include "app/document/problem_state.h"
 #include "app/shell/questions.h"
 #include "app/shell/window_texts.h"
 #include "chess/chessboard_id.h"
 #include "chess/fen.h"
-#include "problems/cp_writer.h"
-#include "problems/problem_texts.h"
 
 namespace tarnwick {
-namespace {
-
-/// The problem without variants, and without tags if they are not wanted either.
-std::unique_ptr<TChessProblem> CopyForClipboard(const TChessProblem& problem, bool bWithTags) {
-    TProblemState state = StateOf(problem);
-    state.variants.clear();
-    if (!bWithTags) {
-        state.tags.clear();
-    }
-    auto pCopy = std::make_unique<TChessProblem>();
-    pCopy->m_id = problem.m_id;
-    RestoreState(*pCopy, state);
-    return pCopy;
-}
-
-}  // namespace
 
 CProblemController::CProblemController(CWorkbench& workbench, CTitleBar& titleBar)
     : m_workbench(workbench), m_titleBar(titleBar) {
@@ -50,14 +29,6 @@ CProblemController::CProblemController(CWorkbench& workbench, CTitleBar& titleBa
 
 void CProblemController::AddCommands(CCommandDispatcher& dispatcher) {
     AddBrowsing(dispatcher);
-    AddTransforms(dispatcher);
-    AddCopies(dispatcher);
-    dispatcher.Add(TCommand::UndoChange, [this] { m_workbench.Undo(); });
-    dispatcher.Add(TCommand::RedoChange, [this] {
-        if (m_workbench.Document().Redo()) {
-            m_workbench.ProblemChanged();
-        }
-    });
     dispatcher.Add(TCommand::EditDescription, [this] { m_titleBar.EditDescription(); });
     dispatcher.Add(TCommand::DisplayPositionId, [this] { ShowPositionId(); });
 }
@@ -122,60 +93,7 @@ void CProblemController::EditDescription(const QString& text) {
     m_workbench.Edit([&](TChessProblem& problem) { SetDescription(problem, text.toStdWString()); });
 }
 
-// Transforms.
-
-void CProblemController::AddTransforms(CCommandDispatcher& dispatcher) {
-    const auto add = [&](TCommand command, auto transform) {
-        dispatcher.Add(command, [this, transform] { Transform(transform); });
-    };
-    add(TCommand::RotatePosition, [](TChessProblem& p) { return RotatePosition(p); });
-    add(TCommand::SwapColours, [](TChessProblem& p) { return SwapColours(p); });
-    add(TCommand::ShiftLeft, [](TChessProblem& p) { return ShiftPosition(p, -1); });
-    add(TCommand::ShiftRight, [](TChessProblem& p) { return ShiftPosition(p, 1); });
-    add(TCommand::ShiftUp, [](TChessProblem& p) { return ShiftPosition(p, 8); });
-    add(TCommand::ShiftDown, [](TChessProblem& p) { return ShiftPosition(p, -8); });
-}
-
-void CProblemController::Transform(
-    const std::function<TTransformNotes(TChessProblem&)>& transform) {
-    TTransformNotes notes;
-    m_workbench.Edit([&](TChessProblem& problem) { notes = transform(problem); });
-    if (notes.bVariantHadCastling) {
-        m_workbench.Dialog().Tell(UserText(CastlingNotRotatedText));
-    } else if (notes.bHadCastlingRights) {
-        m_workbench.SetStatus(UserText(CastlingChangedText));
-    }
-}
-
-// Copies.
-
-void CProblemController::AddCopies(CCommandDispatcher& dispatcher) {
-    using TMakeText = std::string (*)(CWorkbench&);
-    const auto add = [&](TCommand command, TMakeText makeText) {
-        dispatcher.Add(command, [this, makeText] { Copy(makeText(m_workbench)); });
-    };
-    add(TCommand::CopyProblem,
-        [](CWorkbench& w) { return ProblemToText(*w.Document().Current()); });
-    add(TCommand::CopyWithoutVariants, [](CWorkbench& w) {
-        return ProblemToText(*CopyForClipboard(*w.Document().Current(), true));
-    });
-    add(TCommand::CopyWithoutVariantsOrTags, [](CWorkbench& w) {
-        return ProblemToText(*CopyForClipboard(*w.Document().Current(), false));
-    });
-    add(TCommand::CopyFen, [](CWorkbench& w) { return WriteFen(w.Line().Board(), true); });
-    add(TCommand::CopyFullFen, [](CWorkbench& w) { return WriteFen(w.Line().Board(), false); });
-    add(TCommand::CopyMovesShort, [](CWorkbench& w) { return TextOfLine(w.Line(), true); });
-    add(TCommand::CopyMovesInFull, [](CWorkbench& w) { return TextOfLine(w.Line(), false); });
-    add(TCommand::CopyVariantsShort,
-        [](CWorkbench& w) { return TextOfVariants(*w.Document().Current(), true); });
-    add(TCommand::CopyVariantsInFull,
-        [](CWorkbench& w) { return TextOfVariants(*w.Document().Current(), false); });
-}
-
-void CProblemController::Copy(const std::string& text) {
-    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
-    m_workbench.SetStatus(UserText(CopiedText));
-}
+// The position.
 
 void CProblemController::ShowPositionId() {
     const TChessboard& board = m_workbench.Line().Board();

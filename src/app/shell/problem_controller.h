@@ -1,6 +1,6 @@
 #pragma once
-// CProblemController: going through the problems of the file, new problems, descriptions, and what is
-// done to a whole position: transforms, copies, undo and redo.
+// CProblemController: going through the problems of the file, new problems, descriptions, and the
+// identifier of a position.
 
 #include <QObject>
 #include <QPointer>
@@ -9,7 +9,6 @@
 #include "app/shell/problem_list_dialog.h"
 #include "app/shell/title_bar.h"
 #include "app/shell/workbench.h"
-#include "problems/problem_transforms.h"
 
 namespace tarnwick {
 
@@ -25,13 +24,9 @@ class CProblemController : public QObject {
 
   private:
     void AddBrowsing(CCommandDispatcher& dispatcher);
-    void AddTransforms(CCommandDispatcher& dispatcher);
-    void AddCopies(CCommandDispatcher& dispatcher);
     void AskNumber();
     void ShowList();
     void EditDescription(const QString& text);
-    void Transform(const std::function<TTransformNotes(TChessProblem&)>& transform);
-    void Copy(const std::string& text);
     void ShowPositionId();
 
     CWorkbench& m_workbench;

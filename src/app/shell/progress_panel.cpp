@@ -1,6 +1,7 @@
 #include "app/shell/progress_panel.h"
 
 #include <QAccessible>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -186,6 +187,15 @@ void CProgressPanel::PeekNext(bool bUp) {
 void CProgressPanel::mouseReleaseEvent(QMouseEvent* pEvent) {
     if (pEvent->button() == Qt::LeftButton && rect().contains(pEvent->position().toPoint())) {
         emit resizeWanted();
+    }
+}
+
+/// Only while something is being solved there is a position in hand.
+void CProgressPanel::contextMenuEvent(QContextMenuEvent* pEvent) {
+    if (m_progress) {
+        emit contextMenuWanted(TContextMenu::PositionOfThread, pEvent->globalPos());
+    } else {
+        pEvent->ignore();
     }
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/commands/command_table.h"
 #include "app/shell/panel.h"
 #include "app/solving/progress_lines.h"
 #include "app/view/window_layout.h"
@@ -37,12 +38,14 @@ class CProgressPanel : public CPanel {
     void resizeWanted();
     /// -1: all threads in turn.
     void peekWanted(int thread);
+    void contextMenuWanted(tarnwick::TContextMenu menu, const QPoint& globalPlace);
 
   protected:
     void Retranslate() override;
     void paintEvent(QPaintEvent* pEvent) override;
     void resizeEvent(QResizeEvent* pEvent) override;
     void mouseReleaseEvent(QMouseEvent* pEvent) override;
+    void contextMenuEvent(QContextMenuEvent* pEvent) override;
     bool event(QEvent* pEvent) override;
 
   private:

@@ -1,16 +1,23 @@
 #include "app/shell/solve_controller.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QProcess>
 #include <algorithm>
 
+#include "base/chess_exception.h"
 #include "base/filled_text.h"
 #include "platform/processors.h"
 
 #include "app/commands/command_table.h"
+#include "app/document/problem_files.h"
 #include "app/settings/application_log.h"
 #include "app/shell/window_texts.h"
 #include "app/solving/solving_texts.h"
+#include "chess/fen.h"
 #include "chess/move_text.h"
+#include "problems/cp_writer.h"
 
 namespace tarnwick {
 namespace {
@@ -33,6 +40,16 @@ TSolveSettings SettingsOf(CWorkbench& workbench, TPriorityClass priority) {
             .bRelaxationLog = options.tryRelaxSpecialHeuristicsLog,
             .logFolder = workbench.Folders().data,
             .priority = PriorityInClass(priority)};
+}
+
+std::unique_ptr<TChessProblem> NewProblemOf(const TPositionInHand& position) {
+    auto pProblem = std::make_unique<TChessProblem>();
+    pProblem->m_id = 1;
+    bool bIgnored = false;
+    ReadFen(*pProblem->m_pBoard, position.problemFen, bIgnored, bIgnored);
+    SetPlies(*pProblem, PliesOfStipulation(TProblemType::DirectMate, position.problemMoves));
+    pProblem->m_originalBoard = *pProblem->m_pBoard;
+    return pProblem;
 }
 
 bool SameMen(const TChessboard& one, const TChessboard& other) {
@@ -59,10 +76,18 @@ CSolveController::CSolveController(CWorkbench& workbench)
     });
 }
 
-/// The session calls these on its own threads: each only leaves a message for the window's thread.
+/// The session calls these on its own threads: each only leaves a message for the window's thread, who
+/// passes over those of an earlier run.
 TSolveEvents CSolveController::Events() {
     const auto post = [this](auto call) {
-        QMetaObject::invokeMethod(this, call, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this,
+            [this, call, nRun = m_session.RunNumber()] {
+                if (nRun == m_session.RunNumber()) {
+                    call();
+                }
+            },
+            Qt::QueuedConnection);
     };
     return {.onSolution = [=, this](TMove key) { post([this, key] { KeyFound(key); }); },
             .onThreadAdvice =
@@ -84,6 +109,14 @@ void CSolveController::AddCommands(CCommandDispatcher& dispatcher) {
     dispatcher.Add(TCommand::PauseSolving, [this] { m_session.Pause(); });
     dispatcher.Add(TCommand::ResumeSolving, [this] { m_session.Resume(); });
     dispatcher.Add(TCommand::PauseOneThread, [this] { StopOneThread(); });
+    dispatcher.Add(TCommand::CopyPositionOfThread, [this] {
+        CopyPositionInHand(
+            [](const TPositionInHand& position) { return ProblemToText(*NewProblemOf(position)); });
+    });
+    dispatcher.Add(TCommand::CopyFenOfThread, [this] {
+        CopyPositionInHand([](const TPositionInHand& position) { return position.fen; });
+    });
+    dispatcher.Add(TCommand::ShowPositionInNewInstance, [this] { ShowInNewInstance(); });
     for (const TCommand command :
          {TCommand::PriorityHigh, TCommand::PriorityAboveNormal, TCommand::PriorityNormal,
           TCommand::PriorityBelowNormal, TCommand::PriorityLow}) {
@@ -116,7 +149,7 @@ void CSolveController::Start(bool bAllKeys) {
     m_indicator.SolveStarted();
     m_frames.start();
     m_workbench.SetStatus(FilledText(
-        UserText(SolvingProblemText),
+        UserText(m_nPlyAtStart == 0 ? SolvingProblemText : SolvingFromStartText),
         {std::to_string(m_nProblem), "#" + std::to_string(MovesOfStipulation(problem))}));
     emit indicatorChanged();
     emit runningChanged();
@@ -134,10 +167,44 @@ void CSolveController::StopOneThread() {
     }
 }
 
-/// Threads that run already keep their priority: only a privileged process may raise it again.
+void CSolveController::CopyPositionInHand(std::string (*makeText)(const TPositionInHand&)) {
+    const TPositionInHand position = m_session.PositionInHand();
+    if (position.fen.empty()) {
+        m_workbench.SetStatus(UserText(NoPositionInHandText));
+        return;
+    }
+    QApplication::clipboard()->setText(QString::fromStdString(makeText(position)));
+    m_workbench.SetStatus(UserText(CopiedText));
+}
+
+/// The file stays when the other instance ends: its user may have saved what he found.
+void CSolveController::ShowInNewInstance() {
+    const TPositionInHand position = m_session.PositionInHand();
+    if (position.fen.empty()) {
+        m_workbench.SetStatus(UserText(NoPositionInHandText));
+        return;
+    }
+    const std::filesystem::path file =
+        WriteTemporaryProblem(*NewProblemOf(position), m_workbench.Folders().data);
+    const THomeFolders& folders = m_workbench.Folders();
+    QStringList arguments = {QFile::decodeName(file.c_str())};
+    if (folders.config == folders.data) {  // a home of its own, which the other one shares
+        arguments << "--home" << QFile::decodeName(folders.config.c_str());
+    }
+    const QString program = QFile::decodeName(m_workbench.Program().c_str());
+    if (program.isEmpty() || !QProcess::startDetached(program, arguments)) {
+        throw ChessException(UserText(NoNewInstanceText));
+    }
+}
+
+/// Threads may always step back; a system that lets nobody come forward lets a new solve begin there.
 void CSolveController::SetPriority(TPriorityClass priority) {
     m_priority = priority;
-    if (m_session.IsRunning()) {
+    const TThreadPriority wanted = PriorityInClass(priority);
+    const bool bDone = m_session.SetPriority(wanted);
+    if (!IsPriorityAllowed(wanted)) {
+        m_workbench.SetStatus(UserText(PriorityRefusedText));
+    } else if (!bDone) {
         m_workbench.SetStatus(UserText(CannotSetPriorityText));
     }
 }
@@ -201,7 +268,11 @@ void CSolveController::AskAboutThreads(int threads) {
         return;  // stopped meanwhile
     }
     const std::string question = FilledText(UserText(ThreadAdviceText), {std::to_string(threads)});
-    m_workbench.Dialog().AskLater(question, [this](bool bYes) { m_session.AnswerAdvice(bYes); });
+    m_workbench.Dialog().AskLater(question, [this, nRun = m_session.RunNumber()](bool bYes) {
+        if (nRun == m_session.RunNumber()) {
+            m_session.AnswerAdvice(bYes);
+        }
+    });
 }
 
 void CSolveController::Ended() {

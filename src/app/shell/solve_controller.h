@@ -51,6 +51,9 @@ class CSolveController : public QObject {
     TSolveEvents Events();
     void Start(bool bAllKeys);
     void StopOneThread();
+    /// Copies what makeText gives of the position that the peeked thread has in hand.
+    void CopyPositionInHand(std::string (*makeText)(const TPositionInHand& position));
+    void ShowInNewInstance();
     void SetPriority(TPriorityClass priority);
     void ToggleProcessor(int nProcessor);
     void KeyFound(TMove key);

@@ -17,6 +17,14 @@ enum class TFileUse {
     Open,
     OpenText,  ///< Any kind of file.
     Save,      ///< The command asks by itself before it replaces a file.
+    SavePicture,
+    SavePgn,
+};
+
+/// What it means if the user closes a question without an answer.
+enum class TEscape {
+    IsNo,
+    IsYes
 };
 
 class CWindowDialog : public TUserDialog {
@@ -24,7 +32,8 @@ class CWindowDialog : public TUserDialog {
     /// Shows a message and returns at once: for what a solve has to say, which must not be held up.
     virtual void TellLater(const std::string& title, const std::string& text) = 0;
     /// Asks and returns at once; the answer comes on the window's thread.
-    virtual void AskLater(const std::string& text, std::function<void(bool bYes)> answer) = 0;
+    virtual void AskLater(const std::string& text, std::function<void(bool bYes)> answer,
+                          TEscape escape = TEscape::IsNo) = 0;
     virtual TSaveAnswer AskToSave(std::string_view text) = 0;
     /// Nothing if the user does not want any file.
     virtual std::optional<std::filesystem::path> ChooseFile(const TUserText& title, TFileUse use,

@@ -31,6 +31,10 @@ inline constexpr TUserText AllFilesFilter = {
 inline constexpr TUserText SavedText = {.pl = "Zapisano plik %s, liczba zadań: %d",
                                         .en = "File %s saved, number of problems: %d",
                                         .uk = "Файл %s збережено, кількість задач: %d"};
+inline constexpr TUserText ClosesWhenSavedText = {
+    .pl = "Plik jest jeszcze zapisywany. Okno zamknie się zaraz potem.",
+    .en = "The file is still being saved. The window will close right after that.",
+    .uk = "Файл ще зберігається. Вікно закриється одразу після цього."};
 inline constexpr TUserText NoSamplesText = {
     .pl = "Nie znaleziono pliku z przykładowymi zadaniami (sample_problems.cp).",
     .en = "The file with sample compositions (sample_problems.cp) was not found.",
@@ -51,6 +55,18 @@ inline constexpr TUserText ProblemNumberText = {
 inline constexpr TUserText SolvingProblemText = {.pl = "Rozwiązywanie zadania %d (%s)...",
                                                  .en = "Solving problem %d (%s)...",
                                                  .uk = "Розв'язування задачі %d (%s)..."};
+inline constexpr TUserText SolvingFromStartText = {
+    .pl = "Rozwiązywanie zadania %d (%s) od pozycji początkowej, a nie tej na szachownicy...",
+    .en = "Solving problem %d (%s) from its start position, not the one on the board...",
+    .uk = "Розв'язування задачі %d (%s) від початкової позиції, а не тієї, що на дошці..."};
+inline constexpr TUserText NoPositionInHandText = {
+    .pl = "Ten wątek nie pokazał jeszcze żadnej pozycji.",
+    .en = "This thread has not shown any position yet.",
+    .uk = "Цей потік ще не показав жодної позиції."};
+inline constexpr TUserText NoNewInstanceText = {
+    .pl = "Nie udało się uruchomić programu jeszcze raz.",
+    .en = "The program could not be started once more.",
+    .uk = "Не вдалося запустити програму ще раз."};
 inline constexpr TUserText StoppingText = {
     .pl = "Zatrzymywanie...", .en = "Stopping...", .uk = "Зупинка..."};
 inline constexpr TUserText SolutionFoundText = {
@@ -66,9 +82,17 @@ inline constexpr TUserText ThreadsNowText = {.pl = "Liczba wątków dla 1. posun
                                              .en = "Number of threads for the 1st move: ",
                                              .uk = "Кількість потоків для 1-го ходу: "};
 inline constexpr TUserText CannotSetPriorityText = {
-    .pl = "Ten priorytet będzie obowiązywał od następnego rozwiązywania.",
-    .en = "This priority will apply from the next solving on.",
-    .uk = "Цей пріоритет діятиме від наступного розв'язування."};
+    .pl =
+        "System nie pozwala podnieść priorytetu: będzie on obowiązywał od następnego "
+        "rozwiązywania.",
+    .en =
+        "The system does not allow a priority to be raised: this one will apply from the next "
+        "solving on.",
+    .uk = "Система не дозволяє підвищити пріоритет: він діятиме від наступного розв'язування."};
+inline constexpr TUserText PriorityRefusedText = {
+    .pl = "System nie pozwala temu użytkownikowi na taki priorytet.",
+    .en = "The system does not allow this user such a priority.",
+    .uk = "Система не дозволяє цьому користувачеві такого пріоритету."};
 inline constexpr TUserText OneProcessorText = {
     .pl = "Program musi używać co najmniej jednego procesora.",
     .en = "The program must use at least one processor.",
@@ -113,18 +137,23 @@ inline constexpr const TUserText* AllWindowTexts[] = {&InformationTitle,
                                                       &ProblemFilesFilter,
                                                       &AllFilesFilter,
                                                       &SavedText,
+                                                      &ClosesWhenSavedText,
                                                       &NoSamplesText,
                                                       &NoReadmeText,
                                                       &InitializationText,
                                                       &NumberOfProblemsText,
                                                       &ProblemNumberText,
                                                       &SolvingProblemText,
+                                                      &NoPositionInHandText,
+                                                      &NoNewInstanceText,
+                                                      &SolvingFromStartText,
                                                       &StoppingText,
                                                       &SolutionFoundText,
                                                       &NoTrayText,
                                                       &TooManyThreadsText,
                                                       &ThreadsNowText,
                                                       &CannotSetPriorityText,
+                                                      &PriorityRefusedText,
                                                       &OneProcessorText,
                                                       &QueenText,
                                                       &RookText,

@@ -103,6 +103,12 @@ void CWorkbench::Undo() {
     }
 }
 
+void CWorkbench::Redo() {
+    if (m_document.Redo()) {
+        ProblemChanged();
+    }
+}
+
 void CWorkbench::ChangeLanguage(LanguageId language) {
     g_language = language;
     m_settings.options.languageId = language;

@@ -22,8 +22,9 @@ namespace tarnwick {
 struct TProgramSettings {
     TOptions options;
     THomeFolders folders;
-    int threads = 1;         ///< To start with.
-    std::string statusHead;  ///< In front of the first status text.
+    std::filesystem::path program;  ///< Of a further instance; empty: none can be started.
+    int threads = 1;                ///< To start with.
+    std::string statusHead;         ///< In front of the first status text.
 };
 
 class CWorkbench : public QObject {
@@ -34,6 +35,7 @@ class CWorkbench : public QObject {
 
     TOptions& Options() { return m_settings.options; }
     const THomeFolders& Folders() const { return m_settings.folders; }
+    std::filesystem::path& Program() { return m_settings.program; }
     int& Threads() { return m_settings.threads; }
     const std::string& StatusHead() const { return m_settings.statusHead; }
     CWindowDialog& Dialog() { return m_dialog; }
@@ -57,6 +59,8 @@ class CWorkbench : public QObject {
     /// Takes back the last change: the line that a move cut off, or an edit.
     bool CanUndo() const { return m_nCuts > 0 || m_document.CanUndo(); }
     void Undo();
+    /// Does the last edit again that was undone.
+    void Redo();
     /// In the present language from now on.
     void ChangeLanguage(LanguageId language);
 

@@ -21,7 +21,28 @@
 namespace tarnwick {
 namespace {
 
-using TRegister = TAggregatedTemporaryChessboardRegister;
+/// What the register says, as long as it answers at once: it may be in the middle of a clearing of some
+/// seconds, and the window asks. One answer that would have to be waited for ends the asking.
+class CReadyRegister {
+  public:
+    explicit CReadyRegister(const TAggregatedTemporaryChessboardRegister* pRegister)
+        : m_pRegister(pRegister) {}
+
+    TRegisterResult Find(int plies, const TChessboard& board) {
+        if (m_pRegister == nullptr || plies < 1 || !IsPositionFullyDescribed(board)) {
+            return TRegisterResult::Unknown;
+        }
+        const auto result =
+            m_pRegister->FindProvedSoon(static_cast<std::uint16_t>(plies), ItemOf(board));
+        if (!result) {
+            m_pRegister = nullptr;
+        }
+        return result.value_or(TRegisterResult::Unknown);
+    }
+
+  private:
+    const TAggregatedTemporaryChessboardRegister* m_pRegister;
+};
 
 /// Plies to a mate, or one of the markers.
 constexpr int UnknownMate = -1;
@@ -48,26 +69,28 @@ class CTrialBoard {
     TChessboard m_board;
 };
 
-int AskRegister(const TChessboard& board, const TRegister* pRegister) {
-    if (pRegister == nullptr || !IsPositionFullyDescribed(board)) {
-        return UnknownMate;
+/// Plies of the shortest mate that is known.
+int AskRegister(const TChessboard& board, CReadyRegister& known) {
+    int plies = board.m_shPlies;
+    const TRegisterResult result = known.Find(plies, board);
+    if (result != TRegisterResult::Mate) {
+        return result == TRegisterResult::NoMate ? NoMateAtAll : UnknownMate;
     }
-    const int answer = pRegister->FindShortestMate(board.m_shPlies, ItemOf(board), 0, 0);
-    if (answer > 0) {
-        return answer;
+    while (plies > 2 && known.Find(plies - 2, board) == TRegisterResult::Mate) {
+        plies -= 2;
     }
-    return answer == static_cast<int>(TRegisterResult::NoMate) ? NoMateAtAll : UnknownMate;
+    return plies;
 }
 
-int MateWithWhiteToMove(TChessboard& board, const TRegister* pRegister) {
+int MateWithWhiteToMove(TChessboard& board, CReadyRegister& known) {
     if (IsMateInOne(board)) {
         return 1;
     }
-    return board.m_shPlies == 1 ? NoMateAtAll : AskRegister(board, pRegister);
+    return board.m_shPlies == 1 ? NoMateAtAll : AskRegister(board, known);
 }
 
 /// A stalemate counts as unknown: nobody asks about one that is not on the board.
-int MateWithBlackToMove(TChessboard& board, const TRegister* pRegister) {
+int MateWithBlackToMove(TChessboard& board, CReadyRegister& known) {
     const bool bInCheck = board.m_blackChecker != NoChecker;
     if (board.m_shPlies == 0) {
         return bInCheck && !CanBlackEscapeCheck(board) ? 0 : UnknownMate;
@@ -83,7 +106,7 @@ int MateWithBlackToMove(TChessboard& board, const TRegister* pRegister) {
             continue;
         }
         const int answer =
-            made == MoveMadeHopeless ? NoMateAtAll : MateWithWhiteToMove(*next, pRegister);
+            made == MoveMadeHopeless ? NoMateAtAll : MateWithWhiteToMove(*next, known);
         if (answer == NoMateAtAll) {
             return NoMateAtAll;
         }
@@ -97,7 +120,7 @@ int MateWithBlackToMove(TChessboard& board, const TRegister* pRegister) {
 }
 
 /// The shortest threat, of those equally short the first in field order.
-std::optional<TKnownThreat> FindThreat(TChessboard& board, const TRegister* pRegister) {
+std::optional<TKnownThreat> FindThreat(TChessboard& board, CReadyRegister& known) {
     TChessboard* passed = CopyToNextSlot(board);
     if (board.m_shPlies < 2 || board.m_blackChecker != NoChecker || !PassBlack(*passed)) {
         return std::nullopt;
@@ -111,7 +134,7 @@ std::optional<TKnownThreat> FindThreat(TChessboard& board, const TRegister* pReg
         if (MakeWhiteMove(*next, move) == MoveRefused) {
             continue;
         }
-        const int plies = MateWithBlackToMove(*next, pRegister);
+        const int plies = MateWithBlackToMove(*next, known);
         if (plies >= 0 && (!best || plies / 2 + 1 < best->moves)) {
             best = TKnownThreat{move, plies / 2 + 1};
         }
@@ -119,35 +142,33 @@ std::optional<TKnownThreat> FindThreat(TChessboard& board, const TRegister* pReg
     return best;
 }
 
-bool IsNoMateInFewer(const TChessboard& board, int plies, const TRegister* pRegister) {
-    return plies >= 5 && IsPositionFullyDescribed(board) &&
-           pRegister->FindResult(static_cast<std::uint16_t>(plies - 2), ItemOf(board), 0, 0) ==
-               TRegisterResult::NoMate;
+bool IsNoMateInFewer(const TChessboard& board, int plies, CReadyRegister& known) {
+    return plies >= 5 && known.Find(plies - 2, board) == TRegisterResult::NoMate;
 }
 
-TKnownPosition LookUpWhite(TChessboard& board, const TRegister* pRegister) {
-    const int plies = MateWithWhiteToMove(board, pRegister);
+TKnownPosition LookUpWhite(TChessboard& board, CReadyRegister& known) {
+    const int plies = MateWithWhiteToMove(board, known);
     if (plies == NoMateAtAll) {
         return Known(TKnownMate::NoMate);
     }
     if (plies == UnknownMate) {
         return {};
     }
-    const bool bExact = plies == 1 || IsNoMateInFewer(board, plies, pRegister);
+    const bool bExact = plies == 1 || IsNoMateInFewer(board, plies, known);
     return Known(bExact ? TKnownMate::Exactly : TKnownMate::AtMost, (plies + 1) / 2);
 }
 
-TKnownPosition LookUpBlack(TChessboard& board, const TRegister* pRegister) {
-    TKnownPosition known;
-    const int plies = MateWithBlackToMove(board, pRegister);
+TKnownPosition LookUpBlack(TChessboard& board, CReadyRegister& known) {
+    TKnownPosition position;
+    const int plies = MateWithBlackToMove(board, known);
     if (plies == NoMateAtAll) {
-        known.mate = TKnownMate::NoMate;
+        position.mate = TKnownMate::NoMate;
     } else if (plies > 0) {
-        known.mate = plies == 2 ? TKnownMate::Exactly : TKnownMate::AtMost;
-        known.moves = plies / 2;
+        position.mate = plies == 2 ? TKnownMate::Exactly : TKnownMate::AtMost;
+        position.moves = plies / 2;
     }
-    known.threat = FindThreat(board, pRegister);
-    return known;
+    position.threat = FindThreat(board, known);
+    return position;
 }
 
 std::string MateText(const TKnownPosition& known) {
@@ -158,7 +179,7 @@ std::string MateText(const TKnownPosition& known) {
         case TKnownMate::AtMost:
             return FilledText(UserText(MateInRegisterText), {moves});
         case TKnownMate::NoMate:
-            return UserText(NoMateInPositionText);
+            return UserText(NoMateFromHereText);
         case TKnownMate::Stalemate:
             return UserText(StalemateText);
         default:
@@ -168,7 +189,8 @@ std::string MateText(const TKnownPosition& known) {
 
 }  // namespace
 
-TKnownPosition LookUpPosition(const TChessboard& board, const TRegister* pRegister) {
+TKnownPosition LookUpPosition(const TChessboard& board,
+                              const TAggregatedTemporaryChessboardRegister* pRegister) {
     const bool bWhite = IsWhiteToMove(board);
     const bool bInCheck = (bWhite ? board.m_whiteChecker : board.m_blackChecker) != NoChecker;
     if (LegalMoves(board).empty()) {
@@ -178,7 +200,8 @@ TKnownPosition LookUpPosition(const TChessboard& board, const TRegister* pRegist
         return {};
     }
     CTrialBoard trial(board);
-    return bWhite ? LookUpWhite(trial.Board(), pRegister) : LookUpBlack(trial.Board(), pRegister);
+    CReadyRegister known(pRegister);
+    return bWhite ? LookUpWhite(trial.Board(), known) : LookUpBlack(trial.Board(), known);
 }
 
 std::string KnownPositionText(const TKnownPosition& known, const TChessboard& board) {

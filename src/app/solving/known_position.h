@@ -1,6 +1,7 @@
 #pragma once
 // What is known of the position on the board without a search: by a look at its moves, and from the
-// register of the problem's last solve, which may just be running. Takes some milliseconds at most.
+// register of the problem's last solve, which may just be running. Takes some milliseconds at most: while the register is cleared or swept, what
+// it holds counts as unknown.
 
 #include <optional>
 #include <string>

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <system_error>
+#include <utility>
 
 #include "base/chess_exception.h"
 
@@ -13,6 +14,12 @@
 #include "engine/threads/context_pool.h"
 
 namespace tarnwick {
+namespace {
+
+/// Of all threads that search.
+constexpr const char* ThreadName = "tarnwick-solver";
+
+}  // namespace
 
 CSolveSession::CSolveSession(TSolveEvents events) : m_events(std::move(events)) {}
 
@@ -44,10 +51,11 @@ void CSolveSession::Start(const TChessProblem& problem, const TSolveSettings& se
     if (m_worker.joinable()) {
         m_worker.join();
     }
-    m_pTask = std::make_unique<TSolveTask>();
+    ++m_nRun;
+    m_pOldTask = std::exchange(m_pTask, std::make_unique<TSolveTask>());
     m_pTask->m_options = JobOptions(problem, settings, wish);
     m_pTask->m_givenHeuristics = wish.givenHeuristics;
-    m_pTask->m_threadPriority = m_priority = settings.priority;
+    m_pTask->m_threadPriority = settings.priority;
     TakeHintsOfProblem(*m_pTask, problem, settings.bMainVariantHints);
     m_outcome = {};
     m_outcome.options = m_pTask->m_options;
@@ -64,7 +72,7 @@ void CSolveSession::Start(const TChessProblem& problem, const TSolveSettings& se
     m_bPaused = false;
     {
         const std::lock_guard guard(m_lock);
-        m_pKept = std::move(pKept);
+        m_pOldKept = std::exchange(m_pKept, std::move(pKept));
         m_advice.reset();
         m_bStopped = m_bOutcomeReady = false;
         m_bRunning = true;
@@ -108,6 +116,14 @@ void CSolveSession::Resume() {
         m_pClock->Release();
         m_pTask->Resume();
     }
+}
+
+bool CSolveSession::SetPriority(TThreadPriority priority) noexcept {
+    if (!IsRunning()) {
+        return true;
+    }
+    const TThreadPriority before = m_pTask->m_threadPriority.exchange(priority);
+    return ChangePriorityOfThreads(ThreadName, before, priority);
 }
 
 bool CSolveSession::StopThread(std::uint16_t number) {
@@ -167,12 +183,17 @@ TProgress CSolveSession::Progress() {
     progress.bPaused = progress.bRunning && m_bPaused;
     if (pKept != nullptr) {
         progress.registerElements = pKept->Register()->ElementCount();
-        progress.registerBytes = pKept->Register()->TotalBytesUsed();
+        m_nRegisterBytes = pKept->Register()->TotalBytesUsedSoon().value_or(m_nRegisterBytes);
+        progress.registerBytes = m_nRegisterBytes;
     }
     if (const auto thread = NextThreadToAsk(progress.threads); thread && progress.bRunning) {
         m_pTask->m_line.Ask(*thread);  // The answer is for the next call.
     }
     return progress;
+}
+
+TPositionInHand CSolveSession::PositionInHand() const {
+    return m_pTask == nullptr ? TPositionInHand() : m_pTask->m_line.Position();
 }
 
 std::optional<TSolveOutcome> CSolveSession::TakeOutcome() {
@@ -248,7 +269,10 @@ void CSolveSession::PrepareRegister() {
 }
 
 TSolveResult CSolveSession::Solve() {
-    SetPriorityOfThisThread(m_priority);  // Search threads inherit it.
+    NameThisThread(ThreadName);  // The threads of the search inherit name and priority.
+    SetPriorityOfThisThread(m_pTask->m_threadPriority);
+    m_pOldTask.reset();
+    m_pOldKept.reset();
     PrepareRegister();
     return StartSolving(*m_pTask, m_outcome.board, m_outcome.moves);
 }

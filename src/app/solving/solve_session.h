@@ -31,7 +31,7 @@ class CSolveSession {
     CSolveSession(const CSolveSession&) = delete;
     CSolveSession& operator=(const CSolveSession&) = delete;
 
-    /// Starts to solve; an outcome that nobody has taken is dropped. pKept: what an earlier solve of this
+    /// Starts to solve, as a run of a new number; an outcome that nobody has taken is dropped. pKept: what an earlier solve of this
     /// problem remembers; null begins with nothing. Throws ChessException when a solve is running, for
     /// a problem that asks for no direct mate, or when the machine has no thread left.
     void Start(const TChessProblem& problem, const TSolveSettings& settings, const TSolveWish& wish,
@@ -41,9 +41,15 @@ class CSolveSession {
     void Stop() noexcept;
     void Pause();
     void Resume();
+    /// From now on, also for the threads that run already. False if the system refused that for some of
+    /// these: coming forward again needs a right.
+    bool SetPriority(TThreadPriority priority) noexcept;
     /// One search thread; its moves stay undecided. False if there is no such thread.
     bool StopThread(std::uint16_t number);
 
+    /// Rises with each Start; in an event it is the number of the run that tells it. What the window hears
+    /// late of an earlier run is known by it.
+    std::uint64_t RunNumber() const { return m_nRun; }
     bool IsRunning() const;
     bool IsPaused() const { return m_bPaused && IsRunning(); }
 
@@ -53,6 +59,8 @@ class CSolveSession {
 
     /// Whose line Progress is to show; nothing: that of all threads in turn.
     void Peek(std::optional<std::uint16_t> thread) { m_peekedThread = thread; }
+    /// What that line has come to; of the last one after the end.
+    TPositionInHand PositionInHand() const;
     /// Takes microseconds. After the end: how the solve ended.
     TProgress Progress();
 
@@ -80,9 +88,13 @@ class CSolveSession {
     std::unique_ptr<CProgressLog> m_pLog;
     std::unique_ptr<CSolveClock> m_pClock;
     TSolveOutcome m_outcome;
-    TThreadPriority m_priority = TThreadPriority::BelowNormal;
+    std::uint64_t m_nRun = 0;
+    /// Of the solve before: a large register takes long to free, so the worker does it.
+    std::shared_ptr<CKeptRegister> m_pOldKept;
+    std::unique_ptr<TSolveTask> m_pOldTask;
 
     // The window's.
+    std::uint64_t m_nRegisterBytes = 0;  ///< When the register last had time to tell.
     bool m_bPaused = false;
     std::optional<std::uint16_t> m_peekedThread;
     std::uint16_t m_lastAsked = 0;

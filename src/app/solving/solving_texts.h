@@ -39,9 +39,9 @@ inline constexpr TUserText PausedText = {
     .pl = " (wstrzymano)", .en = " (paused)", .uk = " (пауза)"};
 
 // What is known of the position on the board.
-inline constexpr TUserText NoMateInPositionText = {.pl = "Brak mata w tej pozycji",
-                                                   .en = "No mate in this position",
-                                                   .uk = "У цій позиції немає мату"};
+inline constexpr TUserText NoMateFromHereText = {.pl = "Brak mata w tej pozycji",
+                                                 .en = "No mate in this position",
+                                                 .uk = "У цій позиції немає мату"};
 inline constexpr TUserText MateInPositionText = {.pl = "#%d w bieżącej pozycji",
                                                  .en = "#%d in current position",
                                                  .uk = "#%d у поточній позиції"};
@@ -56,7 +56,7 @@ inline constexpr TUserText ThreatText = {
 inline constexpr const TUserText* AllSolvingTexts[] = {
     &SolvingPendingText,   &NoDirectMateText,   &NoThreadText,  &ThreadAdviceText,
     &StopAllThreadsText,   &TablesText,         &ThreadsText,   &PassRunsText,
-    &PassFoundNothingText, &PassFoundText,      &PausedText,    &NoMateInPositionText,
+    &PassFoundNothingText, &PassFoundText,      &PausedText,    &NoMateFromHereText,
     &MateInPositionText,   &MateInRegisterText, &StalemateText, &ThreatText};
 
 }  // namespace tarnwick

@@ -35,6 +35,7 @@ const TPalette LightPalette = {
     .selectedMark = FromBlueGreenRed(0xFF8080),
     .allowedMark = FromBlueGreenRed(2280482),
     .forbiddenMark = FromBlueGreenRed(255),
+    .doubtfulMark = {0xFF, 0xC8, 0x00},
     .keyboardCursor = {0x1C, 0x3F, 0x94},
 };
 
@@ -54,6 +55,7 @@ const TPalette DarkPalette = {
     .selectedMark = {0x40, 0x50, 0xF0},
     .allowedMark = {0x12, 0x8A, 0x2A},
     .forbiddenMark = {0xE0, 0x10, 0x10},
+    .doubtfulMark = {0xFF, 0xD0, 0x20},
     .keyboardCursor = {0x0A, 0x1E, 0x66},
 };
 

@@ -35,6 +35,7 @@ struct TPalette {
     TColour selectedMark;    ///< Frame of the man being moved.
     TColour allowedMark;     ///< Frame of a field that it may go to.
     TColour forbiddenMark;   ///< Frame of a field that it may not go to.
+    TColour doubtfulMark;    ///< Frame of a field of a recognised picture that wants to be checked.
     TColour keyboardCursor;  ///< Inner frame of the field of the keyboard.
 };
 

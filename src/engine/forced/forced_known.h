@@ -17,7 +17,7 @@ inline TKnowable WhatForcedMayKnow(const TChessboard& board) noexcept {
 
 /// What the stores answer for a white node; nothing if the search has to.
 inline std::optional<TNodeResult> AskForcedKnown(TChessboard& board, TKnowable may) noexcept {
-    if (board.m_searchFlags.Has(TSearchFlag::GlobalRegisterMayHold)) {
+    if (MayTablesHold(board)) {
         if (const auto answer = AskGlobalRegister(board)) {
             return answer;
         }

@@ -63,7 +63,7 @@ bool IsKingAwayFromEdge(const TChessboard& board) {
 
 /// What tables and register know; OutOfBudget if nothing.
 TTrialResult AskWhatIsKnown(TChessboard& board, int limit) {
-    if (board.m_searchFlags.Has(TSearchFlag::GlobalRegisterMayHold)) {
+    if (MayTablesHold(board)) {
         if (const auto answer = AskGlobalRegister(board)) {
             return *answer == ResultMate ? Kept : EscapedForSure;
         }

@@ -55,9 +55,7 @@ bool IsReducedPositionLost(const TChessboard& afterBlack, TReducedLookup lookUp)
 
 bool IsReducedPositionLost(const TChessboard& afterBlack) noexcept {
     return IsReducedPositionLost(afterBlack, [](TChessboard& board) -> std::optional<TNodeResult> {
-        return board.m_searchFlags.Has(TSearchFlag::GlobalRegisterMayHold)
-                   ? AskGlobalRegister(board)
-                   : std::nullopt;
+        return MayTablesHold(board) ? AskGlobalRegister(board, true) : std::nullopt;
     });
 }
 

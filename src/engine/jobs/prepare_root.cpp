@@ -23,6 +23,9 @@ TChessboard PrepareRoot(TSolveTask& task, TThreadContext& thread, const TChessbo
     CheckStartPosition(root, task.m_shPlies, true, nullptr, &task.m_material);
     root.m_pTask = &task;
     root.m_pThread = &thread;
+    if (thread.m_pTables != nullptr) {
+        root.m_searchFlags.Set(TSearchFlag::GlobalRegisterMayHold);
+    }
     task.m_whiteMaterial = MaterialValue(task.m_material.white);
     task.m_blackMaterial = MaterialValue(task.m_material.black);
     return root;

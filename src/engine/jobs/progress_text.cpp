@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 #include "chess/board_stack.h"
+#include "chess/fen.h"
 #include "chess/move_text.h"
 
 namespace tarnwick {
@@ -43,12 +45,28 @@ std::string ProgressText(const TChessboard& board) {
     return text + heuristics.data();
 }
 
+namespace {
+
+TPositionInHand PositionOf(const TChessboard& board) {
+    const TChessboard* pWhite = &board;
+    if (!IsWhiteToMove(board) && board.m_pPrevious != nullptr) {
+        pWhite = board.m_pPrevious;
+    }
+    return {.fen = WriteFen(board, false),
+            .problemFen = WriteFen(*pWhite, true),
+            .problemMoves = (pWhite->m_shPlies + 1) / 2};
+}
+
+}  // namespace
+
 void TLineInHand::Answer(const TChessboard& board) noexcept {
     std::int32_t asked = m_asked.load(std::memory_order_relaxed);
     try {
         std::string text = ProgressText(board);
+        TPositionInHand position = PositionOf(board);
         const std::lock_guard guard(m_lock);
         m_text.swap(text);
+        std::swap(m_position, position);
     } catch (...) {  // No memory for a text that nobody needs.
     }
     m_asked.compare_exchange_strong(asked, Nobody);

@@ -20,6 +20,13 @@ std::string ProgressText(const TChessboard& board);
 /// Half-moves that are shown in a problem of so many plies: short lines are worth reading whole.
 int ShownHalfMoves(int rootPlies);
 
+/// Where a line stands. Problems have White to move, so it has such a position too: the last one.
+struct TPositionInHand {
+    std::string fen;         ///< In full, of the position itself; empty: none yet.
+    std::string problemFen;  ///< Placement alone.
+    int problemMoves = 0;    ///< That White has left there.
+};
+
 class TLineInHand {
   public:
     /// Asks a thread for its line. Replaces an earlier question.
@@ -28,6 +35,11 @@ class TLineInHand {
     std::string Text() const {
         const std::lock_guard guard(m_lock);
         return m_text;
+    }
+    /// Of the same answer as Text.
+    TPositionInHand Position() const {
+        const std::lock_guard guard(m_lock);
+        return m_position;
     }
     /// For the search threads: one load while nobody asks.
     void AnswerIfAsked(std::uint16_t thread, const TChessboard& board) noexcept {
@@ -44,6 +56,7 @@ class TLineInHand {
     std::atomic<std::int32_t> m_asked{Nobody};
     mutable std::mutex m_lock;
     std::string m_text;
+    TPositionInHand m_position;
 };
 
 }  // namespace tarnwick

@@ -27,6 +27,7 @@
 namespace tarnwick {
 
 class TContextPool;
+class TGlobalRegisterSet;
 
 /// How a job reports. Each may be empty. They are called from the search threads, one call at a time,
 /// and must return soon; they may stop, pause and resume the job, but not call StopThread, which waits
@@ -74,6 +75,9 @@ struct TSolveTask {
     /// Answers of earlier runs of this problem, its root position set; null: every run searches.
     std::shared_ptr<TChessboardRegister<bool>> m_resultsCache;
 
+    /// Precalculated tables; null: none are asked. Jobs may share them.
+    std::shared_ptr<TGlobalRegisterSet> m_pTables;
+
     // ---- Set by StartSolving
     std::uint16_t m_shPlies = 0;                             ///< 2n - 1.
     TMaterialRecord m_material{};                            ///< Men of the original position.
@@ -90,7 +94,7 @@ struct TSolveTask {
     std::uint8_t m_schedulerLevels = 0;
     bool m_bCustomScheduler = false;  ///< Turns also further down, where hints name several moves.
     int m_maxRunningThreads = 0;      ///< Threads that may take turns or wait for theirs.
-    TThreadPriority m_threadPriority = TThreadPriority::Normal;
+    std::atomic<TThreadPriority> m_threadPriority = TThreadPriority::Normal;
     std::int64_t m_startMs = 0;  ///< Clock at the first move.
     std::unique_ptr<TContextPool> m_pContexts;
 
@@ -108,6 +112,8 @@ struct TSolveTask {
     /// The same with all work, which the command line shows and limits. Both lag a few thousand behind
     /// while the search runs.
     std::atomic<std::uint64_t> m_workNodes{0};
+    std::atomic<std::uint64_t> m_tableHits{
+        0};  ///< Answers of precalculated tables; lags behind, too.
     std::atomic<bool> m_bLimitReached{false};  ///< The stop came from the time or node limit.
     /// Threads that could not be made or ended by an exception.
     std::atomic<std::uint32_t> m_failedThreads{0};

@@ -244,6 +244,7 @@ TSolveResult StartSolving(TSolveTask& task, const TChessboard& position, int mov
         TSolveResult result = RunJob(task, position);
         result.nodes = task.m_nodes;
         result.workNodes = task.m_workNodes;
+        result.tableHits = task.m_tableHits;
         result.elapsedMs = static_cast<std::uint64_t>(NowMs() - task.m_startMs);
         result.registerElements =
             task.m_pRegister == nullptr ? 0 : task.m_pRegister->ElementCount();

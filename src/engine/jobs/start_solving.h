@@ -33,6 +33,7 @@ struct TSolveResult {
     std::string passFound;  ///< Name of the pass that found the first key; empty without keys.
     std::uint64_t nodes = 0;
     std::uint64_t workNodes = 0;
+    std::uint64_t tableHits = 0;  ///< Positions that precalculated tables answered.
     std::uint64_t elapsedMs = 0;
     std::uint64_t registerElements = 0;  ///< In the job's register at the end.
     /// The user's text, for Refused, for a stop rule that ended the search and for a thread that ended

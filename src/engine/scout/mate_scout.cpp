@@ -17,6 +17,7 @@
 #include "engine/ordering/white_order.h"
 #include "engine/search/engine_state.h"
 #include "engine/search/known_positions.h"
+#include "engine/search/node_hooks.h"
 
 namespace tarnwick {
 namespace {
@@ -126,6 +127,11 @@ TProofNumbers TMateScout::NumbersAfterWhite(TChessboard& child) noexcept {
 TProofNumbers TMateScout::NumbersAfterBlack(TChessboard& child) noexcept {
     if (IsCutAfterBlack(child)) {
         return Disproved;
+    }
+    if (MayTablesHold(child)) {
+        if (const auto answer = AskGlobalRegister(child)) {
+            return *answer == ResultMate ? Proved : Disproved;
+        }
     }
     const TKnowable may = WhatMayBeKnown(child);
     if (child.m_shPlies > 1) {

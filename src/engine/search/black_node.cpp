@@ -68,6 +68,11 @@ TNodeResult AnswerDefence(const TNode& node, TChessboard& child) {
         return ResultDoubtful;
     }
     if (child.m_shPlies >= LeastRegisterPlies) {
+        if (MayTablesHold(child)) {
+            if (const auto answer = AskGlobalRegister(child)) {
+                return *answer;
+            }
+        }
         if (const auto answer = AnswerFromStores(node, child)) {
             return *answer;
         }
@@ -77,8 +82,7 @@ TNodeResult AnswerDefence(const TNode& node, TChessboard& child) {
         node.thread.m_heuristics.bUnblockDynamic && MatesWithTrackedFields(child)) {
         return ResultMate;
     }
-    if (child.m_shPlies >= 3 && !IsOneColourPlay(child) && !HasGlobalData(child) &&
-        LookForQuickerMate(child)) {
+    if (child.m_shPlies >= 3 && !IsOneColourPlay(child) && LookForQuickerMate(child)) {
         if constexpr (TNode::Logs) {
             if (node.thread.m_bUsedAdditionalMoves) {
                 node.thread.m_pLogger->LogText(child,

@@ -14,6 +14,7 @@ constexpr std::chrono::milliseconds PollEvery{10};
 }  // namespace
 
 bool WaitOrLeave(TThreadContext& thread) noexcept {
+    thread.GiveTablesBack();  // Others may want their memory meanwhile.
     while (!IsStopRequested(thread)) {
         if (thread.m_task.m_control.IsPaused()) {
             std::this_thread::sleep_for(PollEvery);
@@ -40,7 +41,10 @@ void TellNodesAndCheckLimits(TThreadContext& thread) noexcept {
     task.m_nodes.fetch_add(nodes - thread.m_nodesTold, std::memory_order_relaxed);
     task.m_workNodes.fetch_add(thread.m_workNodes - thread.m_workNodesTold,
                                std::memory_order_relaxed);
+    task.m_tableHits.fetch_add(thread.m_tableHits - thread.m_tableHitsTold,
+                               std::memory_order_relaxed);
     thread.m_nodesTold = nodes;
+    thread.m_tableHitsTold = thread.m_tableHits;
     thread.m_workNodesTold = thread.m_workNodes;
 
     const TEngineOptions& options = task.m_options;

@@ -1,7 +1,7 @@
 #pragma once
-// Where precalculated tables enter the nodes. Each hook answers "nothing
-// known, go on" until its subsystem stands behind it; a compiler removes it without a trace.
+// What the nodes ask of others than the search itself: the precalculated tables, and masks of heuristics.
 
+#include <bit>
 #include <optional>
 
 #include "engine/search/node_result.h"
@@ -16,14 +16,22 @@ inline constexpr std::uint32_t HeuristicUnsorted = 0x00020000;
 
 // ---- Tables
 
-/// Precalculated data, asked first: they know the exact length of the mate.
-inline std::optional<TNodeResult> AskGlobalRegister(TChessboard&) noexcept {
-    return std::nullopt;
+/// Tables of more men, kings included, exist nowhere.
+inline constexpr int MostMenInTables = 7;
+
+/// Whether there are tables for so few men: to be asked before AskGlobalRegister, as it costs next to
+/// nothing. The flag says that the job has tables at all.
+inline bool MayTablesHold(const TChessboard& board) noexcept {
+    return board.m_searchFlags.Has(TSearchFlag::GlobalRegisterMayHold) &&
+           std::popcount(OccupiedFields(board)) <= MostMenInTables;
 }
 
-/// Precalculated data exist for the position, so that no shorter mate need be looked for.
-inline bool HasGlobalData(const TChessboard&) noexcept {
-    return false;
-}
+/// The board may neither castle nor lose a right to castle: tables know of none.
+bool HasNoCastlingRights(const TChessboard& board) noexcept;
+
+/// The answer of precalculated data for a white node, which knows the exact length of the mate; nothing if the
+/// search has to find out. A mate within the additional moves counts as one in quicker-mate work.
+/// bReduced: the board was made by leaving men out.
+std::optional<TNodeResult> AskGlobalRegister(TChessboard& board, bool bReduced = false) noexcept;
 
 }  // namespace tarnwick

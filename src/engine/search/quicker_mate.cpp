@@ -5,6 +5,7 @@
 
 #include "engine/search/engine_state.h"
 #include "engine/search/find_mate.h"
+#include "engine/search/node_hooks.h"
 
 namespace tarnwick {
 namespace {
@@ -30,8 +31,7 @@ void SetAdditionalMoves(TThreadContext& thread, const TChessboard& child, int k,
         return;
     }
     const bool bLastSteps = k + 6 > limit;
-    const bool bStart = k + 6 == limit && child.m_shPlies - k >= 15 &&
-                        !child.m_searchFlags.Has(TSearchFlag::GlobalRegisterMayHold);
+    const bool bStart = k + 6 == limit && child.m_shPlies - k >= 15 && !MayTablesHold(child);
     if (bStart) {
         thread.m_bUsedAdditionalMoves = false;
     }

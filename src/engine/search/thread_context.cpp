@@ -1,11 +1,23 @@
 #include "engine/search/thread_context.h"
 
 #include "engine/jobs/moves_logger.h"
+#include "tables/register/held_tables.h"
 
 namespace tarnwick {
+namespace {
+
+/// Those that the job may ask; null for none.
+std::unique_ptr<CHeldTables> TablesOfSearch(const TSolveTask& task) {
+    if (task.m_pTables == nullptr || !task.m_pTables->MayServeSearch()) {
+        return nullptr;
+    }
+    return std::make_unique<CHeldTables>(task.m_pTables.get());
+}
+
+}  // namespace
 
 TThreadContext::TThreadContext(TSolveTask& task, std::size_t memoryMiB)
-    : m_task(task), m_memory(memoryMiB) {}
+    : m_task(task), m_memory(memoryMiB), m_pTables(TablesOfSearch(task)) {}
 
 TThreadContext::~TThreadContext() = default;
 
@@ -33,6 +45,12 @@ void TThreadContext::StartAsChildOf(const TThreadContext& parent, std::uint16_t 
     m_additionalMoves = 0;
     m_bUsedAdditionalMoves = false;
     m_bMateCapturedPromotion = false;
+}
+
+void TThreadContext::GiveTablesBack() noexcept {
+    if (m_pTables != nullptr) {
+        m_pTables->ReleaseAll();
+    }
 }
 
 }  // namespace tarnwick

@@ -14,6 +14,7 @@
 
 namespace tarnwick {
 
+class CHeldTables;
 class TMovesLogger;
 class TThreadLevel;
 
@@ -35,6 +36,9 @@ struct TThreadContext : TBoardStack {
     /// Ready to search below a node of the parent's: what the search below needs to know of the line
     /// above is copied, what the thread learned before it keeps.
     void StartAsChildOf(const TThreadContext& parent, std::uint16_t number, int forkDepth);
+
+    /// Before the thread waits: others may want the memory of the tables that it has in hand.
+    void GiveTablesBack() noexcept;
 
     TSolveTask& m_task;
     std::uint16_t m_shThreadNumber = 0;
@@ -79,12 +83,15 @@ struct TThreadContext : TBoardStack {
 
     TOrderHints m_hints;
     TPositionMemory m_memory;
+    std::unique_ptr<CHeldTables> m_pTables;  ///< The job's precalculated tables; null: none.
 
     // Counted here and added to the job in batches, so that leaves touch no shared memory.
     std::uint64_t m_nodes = 0;
     std::uint64_t m_workNodes = 0;
+    std::uint64_t m_tableHits = 0;
     std::uint64_t m_nodesTold = 0;  ///< Part of the counters the job already has.
     std::uint64_t m_workNodesTold = 0;
+    std::uint64_t m_tableHitsTold = 0;
 };
 
 inline TThreadContext& Thread(const TChessboard& board) {

@@ -231,6 +231,7 @@ int WithoutTried(const TNode& node, TMove* pMoves, int count) {
 /// all have their answers.
 template <class TNode>
 TNodeStep GiveTurns(TNode& node, TThreadLevel& level, const TMove* pMoves, bool bMayStartNew) {
+    node.thread.GiveTablesBack();  // This thread waits now.
     while (const auto answer = level.NextAnswer(bMayStartNew)) {
         node.thread.m_repetitionLimit[static_cast<std::size_t>(node.plies - 1)] =
             answer->repetitionLimit;
@@ -448,7 +449,7 @@ TNodeResult RunWhiteNode(TChessboard& board, bool bConsultRegisters) {
     TThreadContext& thread = Thread(board);
     const int plies = board.m_shPlies;
     const TSlice slice = TakeSlice(thread);
-    if (board.m_searchFlags.Has(TSearchFlag::GlobalRegisterMayHold)) {
+    if (MayTablesHold(board)) {
         if (const auto answer = AskGlobalRegister(board)) {
             return *answer;
         }

@@ -17,6 +17,7 @@ std::unique_ptr<TThreadContext> TContextPool::Take() {
 }
 
 void TContextPool::GiveBack(std::unique_ptr<TThreadContext> context) noexcept {
+    context->GiveTablesBack();
     const std::lock_guard guard(m_lock);
     try {
         m_free.push_back(std::move(context));

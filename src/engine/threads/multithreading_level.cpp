@@ -220,6 +220,7 @@ bool TLevel::TakeResults() {
 }
 
 TNodeResult TLevel::RunAndJoin() {
+    m_thread.GiveTablesBack();  // This thread only waits from here on.
     for (const auto& record : m_records) {
         record->m_state.store(TThreadState::Running, std::memory_order_release);
     }

@@ -225,8 +225,8 @@ TThreadPriority TThreadLevel::PriorityOf(int slot) const noexcept {
     for (const TThreadLevel* level = m_pParent; level != nullptr; level = level->m_pParent) {
         bFirstOfChain = bFirstOfChain && !level->HasLiveLaterSlot();
     }
-    return bFirstOfChain ? m_task.m_threadPriority
-                         : OneStepLower(OneStepLower(m_task.m_threadPriority));
+    const TThreadPriority priority = m_task.m_threadPriority;
+    return bFirstOfChain ? priority : OneStepLower(OneStepLower(priority));
 }
 
 // ---- Turns

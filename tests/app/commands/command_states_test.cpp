@@ -114,6 +114,29 @@ TEST(CommandStates, BatchTakesTheWholeFile) {
     ExpectEnabled(state, {StopSolving, CopyProblem});
 }
 
+TEST(CommandStates, SettingAPositionNeedsTheEngineToRestAndKeepsTheProblem) {
+    TWindowState state = QuietWindow();
+    ExpectGrey(state, "Available only in position setting mode.",
+               {IncreaseStipulation, DecreaseStipulationBy10});
+    state.bPositionSetting = state.bCanUndo = true;
+    ExpectEnabled(state, {PositionSettingMode, IncreaseStipulation, UndoChange, Paste, CopyFen});
+    ExpectGrey(state, "A position is being set.",
+               {Solve, NextProblem, SaveFile, CopyProblem, ShiftUp, CopyBoardPicture, MoveBack});
+    state = QuietWindow();
+    state.bSolving = true;
+    ExpectGrey(state, "Analysis pending - position cannot be modified",
+               {PositionSettingMode, Paste, PasteAsMirror});
+}
+
+TEST(CommandStates, NothingChangesTheFileWhileItIsSaved) {
+    TWindowState state = QuietWindow();
+    state.bSaving = true;
+    state.bUnsavedChanges = true;
+    ExpectGrey(state, "The file is being saved.",
+               {SaveFile, SaveFileAs, OpenFile, NewProblem, AddTag, Paste, ShiftUp});
+    ExpectEnabled(state, {NextProblem, CopyProblem, Exit});
+}
+
 TEST(CommandStates, ChecksShowWhatHolds) {
     TWindowState state = QuietWindow();
     state.language = LanguageId::Ukrainian;

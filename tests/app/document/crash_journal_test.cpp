@@ -91,6 +91,53 @@ TEST(CrashJournal, LeavesLivingProcessesAndForeignFilesAlone) {
     EXPECT_TRUE(fs::exists(ours.Path()) && fs::exists(journals / "notes.cp"));
 }
 
+TEST(CrashJournal, NeverTouchesAnotherProblemOfTheSameNumber) {
+    TOpenFile file(ThreeProblems());
+    const fs::path journals = file.folder / "journals";
+    CrashAfterEdits(file.path, journals);  // changed 3, added 10, removed 9
+    const std::string meanwhile = "UTF-8\n\n" + ProblemOf(3, 2, PlacementD, "other") +
+                                  ProblemOf(9, 3, PlacementD) + ProblemOf(10, 2, PlacementB);
+    WriteBytes(file.path, meanwhile);
+    ASSERT_TRUE(ReloadProblemFile(file.document, file.host));
+    CCrashJournal journal(journals);
+    file.user.WillAnswer({true});
+    EXPECT_TRUE(journal.OfferLostWork(file.document, file.host));
+    EXPECT_THAT(file.user.Heard(), ElementsAre(HasSubstr("recover"), HasSubstr("3 → 11")));
+    EXPECT_THAT(file.document.Ids(), ElementsAre(3, 9, 10, 11, 12));
+    EXPECT_THAT(file.document.UnsavedIds(), ElementsAre(11, 12));
+    EXPECT_EQ(file.document.Problems().Find(3)->m_description, L"other");
+    EXPECT_EQ(file.document.Problems().Find(11)->m_description, L"edited before the crash");
+    EXPECT_EQ(file.document.Problems().Find(11)->m_id, 11);
+}
+
+TEST(CrashJournal, ReadsJournalsOfOlderVersions) {
+    TOpenFile file(ThreeProblems());
+    const fs::path journals = file.folder / "journals";
+    fs::create_directory(journals);
+    WriteBytes(journals / "unsaved-99999999-1.cp",
+               "UTF-8\n// unsaved edits of: " + file.path.string() + "\n// removed: 9\n\n" +
+                   ProblemOf(3, 2, PlacementA, "edited") + ProblemOf(5, 1, PlacementD, "new"));
+    CCrashJournal journal(journals);
+    file.user.WillAnswer({true});
+    EXPECT_TRUE(journal.OfferLostWork(file.document, file.host));
+    EXPECT_THAT(file.document.Ids(), ElementsAre(3, 5, 9, 10));
+    EXPECT_EQ(file.document.Problems().Find(3)->m_description, L"edited");
+    EXPECT_EQ(file.document.Problems().Find(5)->m_description, L"Second");
+}
+
+TEST(CrashJournal, LeavesJournalsOfOtherMachinesAloneAndLogsThem) {
+    TOpenFile file(ThreeProblems());
+    const fs::path journals = file.folder / "journals";
+    CrashAfterEdits(file.path, journals);
+    const fs::path ours = fs::directory_iterator(journals)->path();
+    const fs::path theirs = journals / "unsaved-99999999-1-othermachine-otherboot-1.cp";
+    fs::rename(ours, theirs);
+    CCrashJournal journal(journals, file.folder / "log.txt");
+    EXPECT_FALSE(journal.OfferLostWork(file.document, file.host));
+    EXPECT_TRUE(fs::exists(theirs));
+    EXPECT_THAT(ReadBytes(file.folder / "log.txt"), HasSubstr(theirs.filename().string()));
+}
+
 TEST(CrashJournal, IsWrittenAtMostEveryTwoSecondsAndNeverStopsTheUser) {
     CFakeClock time;
     TOpenFile file(ThreeProblems());

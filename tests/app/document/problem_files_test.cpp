@@ -188,7 +188,7 @@ TEST(ProblemFiles, FullDiskLosesNeitherTheFileNorTheEdits) {
     EXPECT_EQ(file.folder.Count(), 1U);
 }
 
-TEST(ProblemFiles, EpdFilesAreReadLineByLineAndSavedOnlyAsCp) {
+TEST(ProblemFiles, EpdFilesAreReadLineByLineAndSavedWithConsent) {
     const CTempFolder folder;
     const fs::path path = folder / "some.epd";
     WriteBytes(path, std::string(PlacementA) + " w - - bm #2; id \"one\";\nnonsense\n" +
@@ -199,7 +199,11 @@ TEST(ProblemFiles, EpdFilesAreReadLineByLineAndSavedOnlyAsCp) {
     ASSERT_TRUE(OpenProblemFile(document, path, host));
     EXPECT_THAT(user.Heard(), ElementsAre(HasSubstr("line 2")));
     EXPECT_THAT(document.Ids(), ElementsAre(1, 2));
-    EXPECT_FALSE(SaveProblemFile(document, path, host));
+    ASSERT_TRUE(SaveProblemFile(document, folder / "other.epd", host));
+    EXPECT_EQ(ReadAnyProblemFile(folder / "other.epd").pList->Size(), 2U);
+    document.Edit([](TChessProblem& problem) { AddTag(problem, L"lost in EPD"); });
+    EXPECT_FALSE(SaveProblemFile(document, folder / "other.epd", host));  // the answer is no
+    EXPECT_THAT(user.Heard(), testing::Contains(HasSubstr("1: tags")));
     EXPECT_TRUE(SaveProblemFile(document, folder / "some.cp", host));
     EXPECT_EQ(document.Path(), folder / "some.cp");
     EXPECT_EQ(ReadAnyProblemFile(folder / "some.cp").pList->Size(), 2U);
@@ -224,6 +228,64 @@ TEST(ProblemFiles, CompatibilityModeKeepsCommentsInATwin) {
     Describe(file.document, L"again");
     EXPECT_TRUE(SaveProblemFile(file.document, file.path, file.host));
     EXPECT_THAT(file.user.Heard(), IsEmpty()) << "both files are ours";
+}
+
+TEST(ProblemFiles, AFileThatWasChangedWithoutItsTwinIsAskedAbout) {
+    TOpenFile file(ThreeProblems());
+    file.host.bCommentCompatibilityMode = true;
+    CPlayedLine line;
+    line.Start(*file.document.Current());
+    line.Play({.from = A1, .to = B1});
+    file.document.Edit([&](TChessProblem& problem) {
+        SaveMainVariant(problem, line);
+        SetMoveComment(problem, line.Moves(), L"a waiting move");
+        SetDescription(problem, L"in both");
+    });
+    ASSERT_TRUE(SaveProblemFile(file.document, file.path, file.host));
+    ASSERT_TRUE(ReloadProblemFile(file.document, file.host));
+    EXPECT_THAT(file.user.Heard(), IsEmpty()) << "the twin is written first, and still up to date";
+    const fs::path twin = file.path.string() + "x";
+    WriteBytes(file.path, ThreeProblems());
+    fs::last_write_time(file.path, fs::last_write_time(twin) + std::chrono::hours(1));
+
+    ASSERT_TRUE(ReloadProblemFile(file.document, file.host));
+    EXPECT_THAT(file.user.Heard(), ElementsAre(HasSubstr("is newer than file problems.cpx")));
+    EXPECT_EQ(file.document.Current()->m_description, L"in both") << "the user said no";
+    file.user.WillAnswer({true});
+    ASSERT_TRUE(ReloadProblemFile(file.document, file.host));
+    EXPECT_EQ(file.document.Current()->m_description, L"Żółw i gęś");
+    file.user.Heard();
+    EXPECT_FALSE(SaveProblemFile(file.document, file.path, file.host));
+    EXPECT_THAT(file.user.Heard(), ElementsAre(HasSubstr("problems.cpx already exists")));
+}
+
+TEST(ProblemFiles, AfterSaveAsTheNewFileAloneIsWatched) {
+    TOpenFile file(ThreeProblems());
+    const fs::path copy = file.folder / "copy.cp";
+    ASSERT_TRUE(SaveProblemFile(file.document, copy, file.host));
+    WriteBytes(file.path, "somebody else's now");
+    EXPECT_FALSE(HandleForeignChange(file.document, file.host));
+    EXPECT_THAT(file.user.Heard(), IsEmpty());
+    WriteBytes(copy, ThreeProblems());
+    EXPECT_FALSE(HandleForeignChange(file.document, file.host));
+    EXPECT_THAT(file.user.Heard(), ElementsAre(HasSubstr("changed by an external application")));
+}
+
+TEST(ProblemFiles, WhatIsEditedDuringASaveStaysUnsaved) {
+    TOpenFile file(ThreeProblems());
+    Describe(file.document, L"saved");
+    TSaveJob job{.path = file.path,
+                 .text = ProblemListToText(file.document.Problems()),
+                 .nRevision = file.document.Revision(),
+                 .watch = file.document.Watch(),
+                 .contents = {}};
+    Describe(file.document, L"edited meanwhile");
+    ASSERT_TRUE(RunSave(job, file.host));
+    FinishSave(file.document, std::move(job), true);
+    EXPECT_THAT(ReadBytes(file.path), HasSubstr("Description: saved"));
+    EXPECT_TRUE(file.document.HasUnsavedChanges());
+    EXPECT_TRUE(SaveProblemFile(file.document, file.path, file.host));
+    EXPECT_THAT(file.user.Heard(), IsEmpty()) << "the file is our own";
 }
 
 TEST(ProblemMerge, AppendsNewPositionsAndTellsOtherStipulations) {

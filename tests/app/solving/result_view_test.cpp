@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <thread>
 
 #include "app/solving/known_position.h"
 #include "chess/fen.h"
@@ -110,6 +111,25 @@ TEST(KnownPosition, RegisterTellsMatesAndTheirExactness) {
     EXPECT_EQ(KnownText(BoardWith("8/7k/4K3/8/8/8/8/6R1", 5), &known), "No mate in this position");
     // Black's one reply leads to the position that is known.
     EXPECT_EQ(LookUpPosition(BoardWith("7k/8/4K3/8/8/8/8/6R1", 10), &known).moves, 4);
+}
+
+TEST(KnownPosition, DoesNotWaitForARegisterThatIsCleared) {
+    TEngineOptions options;
+    options.memoryMiB = 16;
+    const CKeptRegister kept(options, 13);
+    const TChessboard rook = BoardWith("8/7k/4K3/8/8/8/8/6R1", 9);
+    kept.Register()->StoreResult(7, ItemOf(rook), HashOf(ItemOf(rook)), true);
+    ASSERT_EQ(LookUpPosition(rook, kept.Register().get()).mate, TKnownMate::AtMost);
+    int asked = 0;
+    kept.Register()->ClearTable(true, [&](std::uint32_t) {
+        std::thread([&] {
+            EXPECT_EQ(LookUpPosition(rook, kept.Register().get()).mate, TKnownMate::Unknown);
+            EXPECT_FALSE(kept.Register()->TotalBytesUsedSoon());
+            ++asked;
+        }).join();
+    });
+    EXPECT_GT(asked, 0);
+    EXPECT_TRUE(kept.Register()->TotalBytesUsedSoon());
 }
 
 TEST(KnownPosition, ARightToCastleIsNotInTheRegister) {

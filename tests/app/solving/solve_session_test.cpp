@@ -1,8 +1,11 @@
 #include "app/solving/solve_session.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 
 #include "base/chess_exception.h"
 
@@ -68,6 +71,50 @@ TEST(ThreadsSolveSession, RefusesWhatItCannotSolve) {
     session->Start(endless.Problem(), TestSettings(), {});
     EXPECT_THROW(session->Start(endless.Problem(), TestSettings(), {}), ChessException);
     EXPECT_TRUE(session->IsRunning()) << "the first goes on";
+}
+
+/// Nice values of the threads that search.
+std::vector<int> NiceOfSolvers() {
+    std::vector<int> values;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::ifstream file(entry.path() / "comm");
+        std::string name;
+        if (std::getline(file, name) && name == "tarnwick-solver") {
+            const auto thread = static_cast<id_t>(std::stoul(entry.path().filename()));
+            values.push_back(getpriority(PRIO_PROCESS, thread));
+        }
+    }
+    return values;
+}
+
+TEST(ThreadsSolveSession, PriorityWorksAtOnceOnAllThreads) {
+    CProblemOfFen owner(EndlessFen, 60);
+    CWatchedSession session;
+    session->Start(owner.Problem(), TestSettings(3), AllKeys());
+    ASSERT_TRUE(WaitUntil([&] { return session->Progress().threads.size() == 3; }));
+    EXPECT_TRUE(session->SetPriority(TThreadPriority::Idle));
+    const std::vector<int> nice = NiceOfSolvers();
+    EXPECT_GE(nice.size(), 3U);
+    EXPECT_EQ(std::ranges::count(nice, 19), std::ssize(nice));
+}
+
+TEST(ThreadsSolveSession, RunsHaveNumbersAndTheNextOneFreesTheRegister) {
+    CProblemOfFen owner("7k/8/8/8/8/8/8/KQ6", 7, "SH_AREKINGSNEAR()");
+    std::atomic<std::uint64_t> told{0};
+    CSolveSession* pSession = nullptr;
+    TSolveEvents events;
+    events.onEnd = [&] { told = pSession->RunNumber(); };
+    CSolveSession session(std::move(events));
+    pSession = &session;
+    session.Start(owner.Problem(), TestSettings(), {});
+    ASSERT_TRUE(WaitUntil([&] { return told != 0; }));
+    EXPECT_EQ(told, session.RunNumber());
+    const std::weak_ptr<CKeptRegister> kept = session.Kept();
+    ASSERT_FALSE(kept.expired());
+    session.Start(owner.Problem(), TestSettings(), {});
+    EXPECT_EQ(session.RunNumber(), told + 1);
+    ASSERT_TRUE(WaitUntil([&] { return told == session.RunNumber(); }));
+    EXPECT_TRUE(kept.expired());
 }
 
 /// The best of some stops: how long one takes is also a matter of the machine's load.

@@ -1,0 +1,91 @@
+#include "tables/generation/type_graph.h"
+
+#include <algorithm>
+
+namespace tarnwick {
+namespace {
+
+bool HasWhiteMan(const std::string& type) {
+    return std::ranges::any_of(type, [](char letter) { return IsWhite(FigureOfLetter(letter)); });
+}
+
+}  // namespace
+
+CTypeNode::CTypeNode(std::string type, const TTableFinder& finder)
+    : m_index(std::move(type)), m_finder(finder) {
+    m_links.resize((Letters() + 1) * (Letters() * 4 + 1));
+}
+
+const CTableValues& CTypeNode::Values() const {
+    std::call_once(m_bFound, [this] {
+        m_pValues = m_finder(m_index.Type());
+        m_pFound = m_pValues.get();
+    });
+    return *m_pFound;
+}
+
+CTypeGraph::CTypeGraph(const std::string& type, TTableFinder finder)
+    : m_finder(std::move(finder)), m_pRoot(&NodeOf(type)) {}
+
+CTypeNode& CTypeGraph::NodeOf(const std::string& type) {
+    std::unique_ptr<CTypeNode>& pNode = m_nodes[type];
+    if (!pNode) {
+        pNode = std::make_unique<CTypeNode>(type, m_finder);
+        CTypeNode& node = *pNode;
+        MakeLinks(node);
+        return node;
+    }
+    return *pNode;
+}
+
+void CTypeGraph::MakeLinks(CTypeNode& node) {
+    const int letters = static_cast<int>(node.Letters());
+    for (int captured = NoMan; captured < letters; ++captured) {
+        if (captured != NoMan) {
+            SetLink(node, captured, NoMan, 0);
+        }
+        for (int pawn = 0; pawn < letters; ++pawn) {
+            const TFigureCode code = node.Index().ManOf(static_cast<std::size_t>(pawn));
+            const bool bOther =
+                captured == NoMan ||
+                IsWhite(node.Index().ManOf(static_cast<std::size_t>(captured))) != IsWhite(code);
+            for (std::size_t figure = 0; TypeOf(code) == TypePawn && bOther && figure < 4;
+                 ++figure) {
+                SetLink(node, captured, pawn, figure);
+            }
+        }
+    }
+}
+
+void CTypeGraph::SetLink(CTypeNode& node, int captured, int promoted, std::size_t figure) {
+    struct TMan {
+        char letter;
+        std::uint8_t source;
+    };
+    std::vector<TMan> men;
+    for (int i = 0; i < static_cast<int>(node.Letters()); ++i) {
+        if (i == captured) {
+            continue;
+        }
+        TFigureCode code = node.Index().ManOf(static_cast<std::size_t>(i));
+        if (i == promoted) {
+            code = static_cast<TFigureCode>(ColourOf(code) | PromotionTypes[figure]);
+        }
+        men.push_back({LetterOfFigure(code), static_cast<std::uint8_t>(i)});
+    }
+    std::ranges::stable_sort(men, {}, [](const TMan& man) { return TypeLetters.find(man.letter); });
+    std::string type;
+    for (const TMan& man : men) {
+        type += man.letter;
+    }
+    TTypeLink& link = node.m_links[node.LinkNumber(captured, promoted, figure)];
+    if (!HasWhiteMan(type)) {
+        return;
+    }
+    link.pNode = &NodeOf(type);
+    for (std::size_t i = 0; i < men.size(); ++i) {
+        link.source[i] = men[i].source;
+    }
+}
+
+}  // namespace tarnwick

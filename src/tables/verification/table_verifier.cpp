@@ -1,0 +1,267 @@
+#include "tables/verification/table_verifier.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <fstream>
+#include <thread>
+
+#include "base/chess_exception.h"
+#include "base/encoding.h"
+#include "base/file_fault_texts.h"
+#include "base/filled_text.h"
+#include "platform/append_line.h"
+#include "platform/atomic_file.h"
+
+#include "chess/board_stack.h"
+#include "chess/fen.h"
+#include "chess/prepare_position.h"
+#include "tables/generation/parallel_ranges.h"
+#include "tables/open_values.h"
+#include "tables/tables_texts.h"
+#include "tables/verification/side_moves.h"
+
+namespace tarnwick {
+namespace {
+
+/// Plies left on a verified board: enough for two moves of each side, and White is to move.
+constexpr std::uint16_t PliesOnBoard = 13;
+constexpr std::uint64_t Piece = 1 << 14;
+
+std::string CountsText(const TVerifyCounts& counts) {
+    return "(" + std::to_string(counts.faults) + " fault(s) found, " +
+           std::to_string(counts.fixable) + " fixable, " + std::to_string(counts.fixed) + " fixed)";
+}
+
+/// The numbers before the first comma of each line.
+std::set<std::uint64_t> IndicesOfLog(const std::filesystem::path& path) {
+    std::ifstream file(path);
+    if (!file) {
+        throw ChessException("Cannot open file " + ToValidUtf8(path.string()));
+    }
+    std::set<std::uint64_t> indices;
+    for (std::string line; std::getline(file, line);) {
+        std::uint64_t index = 0;
+        const auto read = std::from_chars(line.data(), line.data() + line.size(), index);
+        if (read.ec == std::errc() && read.ptr != line.data() + line.size() && *read.ptr == ',') {
+            indices.insert(index);
+        }
+    }
+    return indices;
+}
+
+}  // namespace
+
+std::string VerifyEndText(const TVerifyCounts& counts) {
+    return counts.bStopped ? "Cancelled" : "Complete " + CountsText(counts);
+}
+
+std::string VerifyProgressText(const TVerifyCounts& counts) {
+    char percent[32];
+    const double part = counts.all == 0 ? 100.0
+                                        : 100.0 * static_cast<double>(counts.indices) /
+                                              static_cast<double>(counts.all);
+    std::snprintf(percent, sizeof(percent), "%0.1f%% ", part);
+    return percent + CountsText(counts);
+}
+
+/// A thread's board with slots for the moves.
+struct CTableVerifier::TWorker {
+    TBoardStack stack;
+    TChessboard board = EmptyChessboard();
+};
+
+CTableVerifier::CTableVerifier(const CTableFolders& folders, TUserDialog& dialog,
+                               TVerifyOptions options)
+    : m_folders(folders), m_dialog(dialog), m_options(std::move(options)) {}
+
+TVerifyCounts CTableVerifier::Verify(const std::string& type) {
+    m_own = Open(type, !m_options.bPartial);
+    if (!m_own.pValues) {
+        throw ChessException(FilledText(MissingTableText, {type}));
+    }
+    m_tables.clear();
+    m_tables[PositionTypeId(type)] = m_own;
+    FindLimit();
+    ChooseLog(type);
+    const auto caller = std::this_thread::get_id();
+    auto shown = std::chrono::steady_clock::now();
+    const bool bAll = ForRanges(m_own.pIndex->GetIndexCount(), Piece, m_options.threads,
+                                *m_options.pStop, [&](std::uint64_t begin, std::uint64_t end) {
+                                    LookAt(begin, end);
+                                    const auto now = std::chrono::steady_clock::now();
+                                    if (std::this_thread::get_id() == caller &&
+                                        now - shown > std::chrono::milliseconds(200)) {
+                                        shown = now;
+                                        ShowProgress();
+                                    }
+                                });
+    m_dialog.Progress("");
+    if (m_nFixed > 0) {
+        SaveRepaired();
+    }
+    TVerifyCounts counts = Counts();
+    counts.bStopped = !bAll;
+    return counts;
+}
+
+TFoundTable CTableVerifier::Open(const std::string& type, bool bCompleteOnly) {
+    TFoundTable found;
+    found.pIndex = std::make_shared<const CTableIndex>(type);
+    found.pValues = OpenValues(m_folders, *found.pIndex, ~std::uint64_t{0}, bCompleteOnly).pValues;
+    return found;
+}
+
+const TFoundTable* CTableVerifier::TableOf(const TChessboard& board) {
+    const std::uint64_t key = PositionTypeId(board);
+    if (key == 0 || WhiteFigureCount(board) + board.m_whitePawns == 0) {
+        return nullptr;
+    }
+    const std::scoped_lock guard(m_tablesLock);
+    auto found = m_tables.find(key);
+    if (found == m_tables.end()) {
+        found = m_tables.emplace(key, Open(PositionTypeOf(board), true)).first;
+    }
+    return found->second.pValues ? &found->second : nullptr;
+}
+
+void CTableVerifier::FindLimit() {
+    m_limitPlies = 0;
+    if (!m_options.bPartial) {
+        return;
+    }
+    unsigned longest = 0;
+    for (std::uint64_t index = 1; index < m_own.pIndex->GetIndexCount(); ++index) {
+        const unsigned value = m_own.pValues->ValueAt(index);
+        longest = value != NotGenerated ? std::max(longest, value) : longest;
+    }
+    m_dialog.Tell("Max. mate in the partially generated file is #" + std::to_string(longest));
+    m_limitPlies = PliesOfMoves(longest);
+}
+
+void CTableVerifier::ChooseLog(const std::string& type) {
+    const auto first = m_options.logFolder / ("PrecalcFailures" + type + ".txt");
+    const auto second = m_options.logFolder / ("PrecalcFailures" + type + "_pass2.txt");
+    m_firstPass.reset();
+    m_log = first;
+    std::error_code none;
+    if (!std::filesystem::exists(first) || std::filesystem::file_size(first, none) == 0 ||
+        !m_dialog.Ask("Unempty log file " + ToValidUtf8(first.string()) +
+                      " already exists\nApply second-pass fixes to data?")) {
+        return;
+    }
+    if (std::filesystem::exists(second)) {
+        throw ChessException(FilledText(
+            SecondPassExistsText, {ToValidUtf8(second.string()), ToValidUtf8(first.string())}));
+    }
+    m_firstPass = IndicesOfLog(first);
+    m_log = second;
+}
+
+void CTableVerifier::LookAt(std::uint64_t begin, std::uint64_t end) {
+    TWorker worker;
+    worker.board.m_pThread = &worker.stack;
+    worker.stack.m_pRootBoard = &worker.board;
+    for (std::uint64_t index = begin; index < end; ++index) {
+        LookAtIndex(index, worker);
+    }
+    m_nIndices += end - begin;
+}
+
+void CTableVerifier::LookAtIndex(std::uint64_t index, TWorker& worker) {
+    TChessboard& board = worker.board;
+    unsigned stored = PliesOfMoves(m_own.pValues->ValueAt(index));
+    if (m_firstPass && stored > 0 && !m_firstPass->contains(index)) {
+        return;
+    }
+    if (!m_own.pIndex->PositionOfIndex(index, board)) {
+        return;
+    }
+    board.m_shPlies = PliesOnBoard;
+    board.m_shRootPlies = PliesOnBoard;
+    if (!PreparePositionNoThrow(board, true) || board.m_blackChecker != NoChecker) {
+        return;
+    }
+    const unsigned expected =
+        ExpectedPlies(board, m_own, [this](const TChessboard& other) { return TableOf(other); });
+    const bool bNotYet = m_options.bPartial && (stored == 0 || stored == PliesUnknown);
+    if (expected == stored || (bNotYet && (expected == 0 || expected >= m_limitPlies))) {
+        return;
+    }
+    Report(index, board, stored, expected);
+}
+
+void CTableVerifier::Report(std::uint64_t index, const TChessboard& board, unsigned stored,
+                            unsigned expected) {
+    const std::scoped_lock guard(m_reportLock);
+    const std::string line = std::to_string(index) + ',' + WriteFen(board, false) + ',' +
+                             std::to_string(stored) + ',' + std::to_string(expected);
+    if (!AppendLine(m_log, line + '\n')) {
+        throw ChessException(UserText(TextCannotOpenFile) + ToValidUtf8(m_log.string()));
+    }
+    ++m_nFaults;
+    const bool bUnknown = stored == 0 || stored == PliesUnknown;
+    const bool bFixable = bUnknown || (expected >= 1 && expected < stored);
+    m_nFixable += bFixable ? 1 : 0;
+    if (!bFixable || expected == 0 || !MayRepair(stored)) {
+        return;
+    }
+    if (m_own.pValues->SetValue(index, expected / 2 + 1)) {
+        ++m_nFixed;
+    }
+}
+
+/// Whoever wished to be asked is asked once.
+bool CTableVerifier::MayRepair(unsigned stored) {
+    if (m_options.repair == TRepair::Ask && stored == 0) {
+        m_options.repair = m_dialog.Ask("Error encountered. Try fix?") ? TRepair::Yes : TRepair::No;
+    }
+    return m_options.repair == TRepair::Yes;
+}
+
+void CTableVerifier::SaveRepaired() {
+    const CTableIndex& index = *m_own.pIndex;
+    const auto path =
+        m_folders.MakeFileName(TableNameOf(index.Type()), TTableFileMode::Unpacked, false, false);
+    const CRandomAccessFile old(path);
+    const auto flags = ReadTableFlags(old);
+    if (!flags) {
+        m_dialog.Tell("Cannot open file " + ToValidUtf8(path.string()) +
+                      " for update.\nAny detected incoherencies will not be fixed.");
+        m_nFixed = 0;
+        return;
+    }
+    const bool bTwoBytes = old.Size() > index.GetIndexCount();
+    CAtomicFileWriter writer(path);
+    std::string piece;
+    for (std::uint64_t i = 0; i < index.GetIndexCount(); ++i) {
+        const unsigned value = i == 0 ? *flags : m_own.pValues->ValueAt(i);
+        piece += static_cast<char>(value & 0xFF);
+        if (bTwoBytes) {
+            piece += static_cast<char>(value >> 8);
+        }
+        if (piece.size() >= (1U << 20) || i + 1 == index.GetIndexCount()) {
+            writer.Append(piece);
+            piece.clear();
+        }
+    }
+    writer.Commit();
+}
+
+void CTableVerifier::ShowProgress() {
+    m_dialog.Progress(VerifyProgressText(Counts()));
+}
+
+TVerifyCounts CTableVerifier::Counts() const {
+    const std::scoped_lock guard(m_reportLock);
+    TVerifyCounts counts;
+    counts.indices = m_nIndices;
+    counts.all = m_own.pIndex->GetIndexCount();
+    counts.faults = m_nFaults;
+    counts.fixable = m_nFixable;
+    counts.fixed = m_nFixed;
+    counts.longestOfPartial = (m_limitPlies + 1) / 2;
+    return counts;
+}
+
+}  // namespace tarnwick
