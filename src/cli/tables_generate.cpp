@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/clock.h"
-#include "platform/memory_info.h"
 
 #include "cli/json_line.h"
 #include "cli/tables_support.h"
@@ -53,7 +52,7 @@ void ReportTable(const TPlannedTable& planned, const TMadeTable& made, std::uint
                            .Add("longest", static_cast<int>(made.longestMate))
                            .Add("ms", milliseconds)
                            .Add("bytes", planned.fileBytes)
-                           .Add("resident", ResidentBytes())
+                           .Add("memory", planned.memoryBytes)
                            .Add("file", made.path.string())
                            .Line()
                     << std::flush;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "base/chess_exception.h"
@@ -10,64 +11,11 @@
 #include "platform/page_memory.h"
 
 #include "tables/lz4e_stream.h"
-#include "tables/memory_values.h"
 #include "tables/random_access_lzw_buffer.h"
 #include "tables/tables_texts.h"
 
 namespace tarnwick {
 namespace {
-
-using RandomAccessLZWBuffer::CRandomAccessPackedBufferBase;
-
-unsigned ValueOfElement(const std::uint8_t* pBytes, std::size_t elementSize) {
-    if (elementSize == 1) {
-        return pBytes[0] == 0xFF ? NotGenerated : pBytes[0];
-    }
-    return static_cast<unsigned>(pBytes[0] | pBytes[1] << 8);
-}
-
-class CDiskValues final : public CTableValues {
-  public:
-    CDiskValues(CRandomAccessFile file, std::size_t elementSize)
-        : m_file(std::move(file)), m_elementSize(elementSize) {}
-
-    unsigned ValueAt(std::uint64_t index) const override {
-        std::array<std::uint8_t, 2> element{};
-        if (!m_file.ReadAt(index * m_elementSize, std::span(element).first(m_elementSize))) {
-            return NotGenerated;
-        }
-        return ValueOfElement(element.data(), m_elementSize);
-    }
-
-  private:
-    CRandomAccessFile m_file;
-    std::size_t m_elementSize;
-};
-
-class CPackedValues final : public CTableValues {
-  public:
-    explicit CPackedValues(std::unique_ptr<CRandomAccessPackedBufferBase> pBuffer)
-        : m_pBuffer(std::move(pBuffer)), m_mark(m_pBuffer->GetElementSize() == 1 ? 0xFF : 0xFFFF) {}
-
-    unsigned ValueAt(std::uint64_t index) const override {
-        const unsigned value = m_pBuffer->GetValue(index, false);
-        return value == m_mark ? NotGenerated : value;
-    }
-
-  private:
-    std::unique_ptr<CRandomAccessPackedBufferBase> m_pBuffer;
-    unsigned m_mark;
-};
-
-std::shared_ptr<CTableValues> ValuesInMemory(std::shared_ptr<void> pOwner, void* pData,
-                                             int elementSize) {
-    if (elementSize == 2) {
-        return std::make_shared<CMemoryValues<std::uint16_t>>(std::move(pOwner),
-                                                              static_cast<std::uint16_t*>(pData));
-    }
-    return std::make_shared<CMemoryValues<std::uint8_t>>(std::move(pOwner),
-                                                         static_cast<std::uint8_t*>(pData));
-}
 
 /// The bits of the flags that say where an index stands.
 constexpr std::uint8_t LayoutFlags = CompactPawnsFlag | CombinationsFlag;
@@ -93,30 +41,26 @@ class COpener {
         }
         if (bytes > m_budget) {
             CheckComplete(file, elementSize);
-            return {std::make_shared<CDiskValues>(std::move(file),
-                                                  static_cast<std::size_t>(elementSize)),
-                    0};
+            return {std::make_shared<CDiskStore>(std::move(file), elementSize), 0};
         }
-        auto pMemory = std::make_shared<CPageMemory>(bytes, true);
-        auto* pBytes = static_cast<std::uint8_t*>(pMemory->Data());
-        if (!file.ReadAt(0, {pBytes, bytes})) {
+        CPageMemory memory(bytes, true);
+        if (!file.ReadAt(0, {static_cast<std::uint8_t*>(memory.Data()), bytes})) {
             throw ChessException(FilledText(MissingTableText, {m_index.Type()}));
         }
-        CheckComplete({pBytes, bytes}, elementSize, true);
-        return {ValuesInMemory(pMemory, pBytes, elementSize), bytes};
+        return InMemory(std::move(memory), bytes, elementSize);
     }
 
     TOpenedValues Lz4(const std::filesystem::path& path) const {
         if (!CRandomAccessFile(path).IsOpen()) {
             return {};
         }
-        auto pBytes = std::make_shared<std::vector<std::uint8_t>>(
-            ReadLz4eFile(path, m_index.GetIndexCount()));
-        const int elementSize = ElementSize(pBytes->front());
-        CheckComplete(*pBytes, elementSize, true);
-        return {ValuesInMemory(pBytes, pBytes->data(), elementSize), pBytes->size()};
+        std::vector<std::uint8_t> table = ReadLz4eFile(path, m_index.GetIndexCount());
+        const int elementSize = ElementSize(table.front());
+        const std::size_t bytes = table.size();
+        return InMemory(std::move(table), bytes, elementSize);
     }
 
+    /// What stays packed is not looked through: a position without a value shows when it is asked for.
     TOpenedValues PackedLzw(const std::filesystem::path& path) const {
         if (!CRandomAccessFile(path).IsOpen()) {
             return {};
@@ -129,24 +73,28 @@ class COpener {
         if (!opened.pBuffer) {
             throw ChessException(opened.reason);
         }
-        const int elementSize = ElementSize(static_cast<std::uint8_t>(opened.flags));
+        // The head does not tell how pawns are counted; the table's own first element does.
+        const int elementSize =
+            ElementSize(static_cast<std::uint8_t>(opened.pBuffer->GetValue(0, false)));
         const std::uint64_t bytes =
             m_index.GetIndexCount() * static_cast<std::uint64_t>(elementSize);
         if (bytes > m_budget) {
-            return {std::make_shared<CPackedValues>(std::move(opened.pBuffer)), 0};
+            return {std::make_shared<CPackedStore>(std::move(opened.pBuffer)), 0};
         }
         auto table = opened.pBuffer->DecompressAll();
         if (table.first == nullptr) {
             throw ChessException(FilledText(MissingTableText, {m_index.Type()}));
         }
-        std::uint8_t* pBytes = table.first.get();
-        CheckComplete({pBytes, bytes}, elementSize, true);
-        return {ValuesInMemory(std::shared_ptr<std::uint8_t[]>(std::move(table.first)), pBytes,
-                               elementSize),
-                bytes};
+        return InMemory(std::move(table.first), bytes, elementSize);
     }
 
   private:
+    TOpenedValues InMemory(CMemoryStore::TOwner owner, std::uint64_t bytes, int elementSize) const {
+        auto pStore = std::make_shared<CMemoryStore>(std::move(owner), elementSize);
+        CheckComplete({pStore->Elements(), bytes}, elementSize, true);
+        return {std::move(pStore), bytes};
+    }
+
     int ElementSize(std::uint8_t flags) const {
         const bool bMeant = m_index.Letters() >= 4;
         const auto layout = static_cast<std::uint8_t>(
@@ -166,7 +114,8 @@ class COpener {
         const auto size = static_cast<std::size_t>(elementSize);
         for (std::size_t at = bFromStart ? size : 0; m_bCompleteOnly && at + size <= bytes.size();
              at += size) {
-            if (ValueOfElement(&bytes[at], size) == NotGenerated) {
+            const bool bUnknown = bytes[at] == 0xFF && bytes[at + size - 1] == 0xFF;
+            if (bUnknown) {
                 throw ChessException(FilledText(PartialTableText, {m_index.Type()}));
             }
         }

@@ -8,14 +8,14 @@
 #include <memory>
 #include <string>
 
+#include "tables/register/table_store.h"
 #include "tables/table_files.h"
 #include "tables/table_index.h"
-#include "tables/table_values.h"
 
 namespace tarnwick {
 
 struct TOpenedValues {
-    std::shared_ptr<CTableValues> pValues;  ///< Null where the type has no file.
+    std::shared_ptr<CTableStore> pValues;  ///< Null where the type has no file.
     std::uint64_t bytesInMemory = 0;
 };
 

@@ -18,10 +18,6 @@ class CTableValues {
     /// Moves in which White mates, 0 for no mate, NotGenerated. The index is below the type's count and names
     /// a position. Any thread.
     virtual unsigned ValueAt(std::uint64_t index) const = 0;
-
-    /// Changes a value, for repairs; other threads may read meanwhile and see the old value or the new one.
-    /// False where the table is not held in memory, or its elements are too small.
-    virtual bool SetValue(std::uint64_t /*index*/, unsigned /*value*/) { return false; }
 };
 
 }  // namespace tarnwick

@@ -8,8 +8,8 @@
 
 #include "app/document/variants.h"
 #include "app/shell/text_dialog.h"
-#include "app/view/legal_moves.h"
 #include "chess/fen.h"
+#include "chess/legal_moves.h"
 #include "problems/cp_file_reader.h"
 #include "problems/cp_writer.h"
 #include "window_support.h"

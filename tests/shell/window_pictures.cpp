@@ -9,7 +9,7 @@
 #include <iostream>
 
 #include "app/document/variants.h"
-#include "app/view/legal_moves.h"
+#include "chess/legal_moves.h"
 #include "window_support.h"
 
 namespace tarnwick {

@@ -11,7 +11,9 @@
 #include "support/temp_folder.h"
 #include "tables/generation/table_factory.h"
 #include "tables/generation/unfinished_file.h"
+#include "tables/lz4e_stream.h"
 #include "tables/open_values.h"
+#include "tables/random_access_lzw_buffer.h"
 #include "tables/verification/table_verifier.h"
 
 namespace tarnwick {
@@ -132,6 +134,51 @@ TEST(TableGeneration, AsksForMissingTablesByName) {
     EXPECT_EQ(plan.back().type, "P");
     EXPECT_EQ(plan.back().fileBytes, 98304U);
     EXPECT_EQ(folder.Count(), 0U) << "a plan writes nothing";
+}
+
+/// Every form of a file gives the values of the unpacked one, also where a pawn counts 48 fields.
+TEST(TableGeneration, ReadsEveryFormAlike) {
+    const CTempFolder folder;
+    const CTableFolders folders(folder.Path(), {});
+    MakeAll(folders, "P");
+    const CTableIndex index("P");
+    const TTableName name = TableNameOf("P");
+    const auto path = folders.MakeFileName(name, TTableFileMode::Unpacked, false, false);
+    const std::string bytes = BytesOf(path);
+    const std::vector<std::uint8_t> elements(bytes.begin(), bytes.end());
+    const auto packed = MakePackedFileName(path, true);
+    const auto pWriter = RandomAccessLZWBuffer::MakePackedTableWriter(1, nullptr);
+    ASSERT_TRUE(pWriter->PackFile(packed, CRandomAccessFile(path), index.GetIndexCount(), 0));
+    const auto stream = folders.MakeFileName(name, TTableFileMode::Lz4, false, false);
+    WriteLz4eFile(stream, elements);
+    const auto agrees = [&](std::uint64_t budget) {
+        const auto values = OpenValues(folders, index, budget, true).pValues;
+        for (std::uint64_t i = 1; i < index.GetIndexCount(); i += budget == 0 ? 37 : 1) {
+            if (values->ValueAt(i) != elements[i]) {
+                return false;
+            }
+        }
+        return true;
+    };
+    constexpr std::uint64_t Memory = 1 << 20;
+    EXPECT_TRUE(agrees(Memory));
+    EXPECT_TRUE(agrees(0)) << "on disk";
+    std::filesystem::remove(path);
+    EXPECT_TRUE(agrees(Memory)) << "one stream";
+    std::filesystem::remove(stream);
+    EXPECT_TRUE(agrees(Memory)) << "packed, expanded";
+    EXPECT_TRUE(agrees(0)) << "packed";
+}
+
+/// A table that cannot be read in the middle of the work must not be taken for anything.
+TEST(TableGeneration, EndsWhereAnotherTableHasNoValue) {
+    class CUnreadable final : public CTableValues {
+      public:
+        unsigned ValueAt(std::uint64_t) const override { return NotGenerated; }
+    };
+    const CTypeGraph graph("P", [](const std::string&) { return std::make_shared<CUnreadable>(); });
+    CRetrograde<std::uint8_t> retrograde(graph.Root(), TwoThreads());
+    EXPECT_THROW(retrograde.Run(), ChessException);
 }
 
 /// Stopped after each of its passes and taken up again, a table is byte for byte the same.

@@ -8,11 +8,11 @@
 #include "base/filled_text.h"
 
 #include "app/document/play_texts.h"
-#include "app/view/legal_moves.h"
 #include "app/view/typed_move.h"
 #include "chess/castling.h"
 #include "chess/fen.h"
 #include "chess/generate_moves.h"
+#include "chess/legal_moves.h"
 #include "chess/move_text.h"
 #include "chess/trimmed_text.h"
 

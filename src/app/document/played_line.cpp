@@ -7,8 +7,8 @@
 
 #include "app/document/play_texts.h"
 #include "app/document/variants.h"
-#include "app/view/legal_moves.h"
 #include "chess/checked_move.h"
+#include "chess/legal_moves.h"
 #include "chess/make_move.h"
 #include "chess/move_text.h"
 #include "chess/prepare_position.h"

@@ -9,11 +9,11 @@
 #include "base/filled_text.h"
 
 #include "app/solving/solving_texts.h"
-#include "app/view/legal_moves.h"
 #include "chess/board_stack.h"
 #include "chess/castling.h"
 #include "chess/escape_check.h"
 #include "chess/generate_moves.h"
+#include "chess/legal_moves.h"
 #include "chess/make_move.h"
 #include "chess/mate_in_one.h"
 #include "chess/move_text.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/view/legal_moves.h"
+#include "chess/legal_moves.h"
 
 namespace tarnwick {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "app/view/legal_moves.h"
 #include "chess/fen.h"
+#include "chess/legal_moves.h"
 
 namespace tarnwick {
 namespace {

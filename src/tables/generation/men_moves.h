@@ -2,8 +2,7 @@
 // Moves of the few men of a table.
 //
 // Generation visits each position of a table several times and knows it as a handful of fields. On
-// these a move is one field changed, and a check a few masks, which is some ten times faster than
-// filling a whole board. Verification goes through the board and its own rules, and so checks this.
+// these a move is one field changed, and a check a few masks, where a whole board would have to be filled. Verification goes through the board and its own rules, and so checks this.
 //
 // A man is named by its letter's place in the type; the kings come through their own number. Castling
 // is unknown to tables, and a capture en passant belongs to the line of play: see conversions.h.

@@ -10,8 +10,8 @@
 #include "platform/memory_info.h"
 
 #include "tables/generation/unfinished_file.h"
-#include "tables/memory_values.h"
 #include "tables/open_values.h"
+#include "tables/register/table_store.h"
 #include "tables/tables_texts.h"
 
 namespace tarnwick {
@@ -199,9 +199,7 @@ std::shared_ptr<CTableValues> CTableFactory::MakeInMemory(const std::string& typ
         settings.pStop = &NeverStopped;
         CRetrograde<std::uint8_t> retrograde(graph.Root(), settings);
         retrograde.Run();
-        auto pTable = std::make_shared<CPageMemory>(retrograde.TakeTable());
-        pValues = std::make_shared<CMemoryValues<std::uint8_t>>(
-            pTable, static_cast<std::uint8_t*>(pTable->Data()));
+        pValues = std::make_shared<CMemoryStore>(retrograde.TakeTable(), 1);
     }
     return pValues;
 }

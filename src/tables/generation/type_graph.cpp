@@ -2,6 +2,11 @@
 
 #include <algorithm>
 
+#include "base/chess_exception.h"
+#include "base/filled_text.h"
+
+#include "tables/tables_texts.h"
+
 namespace tarnwick {
 namespace {
 
@@ -16,12 +21,13 @@ CTypeNode::CTypeNode(std::string type, const TTableFinder& finder)
     m_links.resize((Letters() + 1) * (Letters() * 4 + 1));
 }
 
-const CTableValues& CTypeNode::Values() const {
-    std::call_once(m_bFound, [this] {
-        m_pValues = m_finder(m_index.Type());
-        m_pFound = m_pValues.get();
-    });
-    return *m_pFound;
+unsigned CTypeNode::ValueAt(const TTablePlace& place) const {
+    std::call_once(m_found, [this] { m_pValues = m_finder(m_index.Type()); });
+    const unsigned value = m_pValues->ValueAt(m_index.IndexOfPlace(place));
+    if (value == NotGenerated) {
+        throw ChessException(FilledText(PartialTableText, {m_index.Type()}));
+    }
+    return value;
 }
 
 CTypeGraph::CTypeGraph(const std::string& type, TTableFinder finder)

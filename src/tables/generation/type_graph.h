@@ -41,10 +41,10 @@ class CTypeNode {
     const TTypeLink& After(int captured, int promoted, std::size_t figure) const {
         return m_links[LinkNumber(captured, promoted, figure)];
     }
-    /// Moves of White to mate from a place of this type, 0 for none. Any thread.
-    unsigned ValueAt(const TTablePlace& place) const {
-        return Values().ValueAt(m_index.IndexOfPlace(place));
-    }
+    /// Moves of White to mate from a place of this type, 0 for none. Any thread. Throws ChessException where
+    /// the type's table has no value, or can no longer be read: a number in its place would spoil all tables
+    /// that are made from this one.
+    unsigned ValueAt(const TTablePlace& place) const;
 
   private:
     friend class CTypeGraph;
@@ -55,14 +55,12 @@ class CTypeNode {
             promoted == NoMan ? 0 : 1 + static_cast<std::size_t>(promoted) * 4 + figure;
         return static_cast<std::size_t>(captured + 1) * promotions + promotion;
     }
-    const CTableValues& Values() const;
 
     CTableIndex m_index;
     std::vector<TTypeLink> m_links;
     const TTableFinder& m_finder;
-    mutable std::once_flag m_bFound;
-    mutable std::shared_ptr<CTableValues> m_pValues;
-    mutable const CTableValues* m_pFound = nullptr;
+    mutable std::once_flag m_found;
+    mutable std::shared_ptr<CTableValues> m_pValues;  ///< From the first question on.
 };
 
 class CTypeGraph {

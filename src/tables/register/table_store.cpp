@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <span>
+#include <string>
 
 #include "base/chess_exception.h"
 #include "base/little_endian.h"
@@ -54,17 +56,34 @@ CMemoryStore::CMemoryStore(TOwner owner, int elementSize)
 }
 
 unsigned CMemoryStore::ValueAt(std::uint64_t index) const {
-    return ElementAt(m_pElements + index * static_cast<std::uint64_t>(m_elementSize),
-                     m_elementSize);
+    if (m_elementSize == 1) {
+        const std::uint8_t element =
+            std::atomic_ref<std::uint8_t>(m_pElements[index]).load(std::memory_order_relaxed);
+        return ElementAt(&element, 1);
+    }
+    const std::uint16_t element =
+        std::atomic_ref<std::uint16_t>(TwoBytesAt(index)).load(std::memory_order_relaxed);
+    return LoadLittleEndian<std::uint16_t>(reinterpret_cast<const std::uint8_t*>(&element));
 }
 
 void CMemoryStore::SetValueAt(std::uint64_t index, unsigned value) {
-    std::uint8_t* pElement = m_pElements + index * static_cast<std::uint64_t>(m_elementSize);
-    if (m_elementSize == 2) {
-        StoreLittleEndian(pElement, static_cast<std::uint16_t>(value));
-    } else {
-        *pElement = static_cast<std::uint8_t>(value);
+    if (value >= (m_elementSize == 1 ? 0xFFU : NotGenerated)) {
+        throw ChessException("The elements of this table are too small for the value " +
+                             std::to_string(value) + ".");
     }
+    if (m_elementSize == 1) {
+        std::atomic_ref<std::uint8_t>(m_pElements[index])
+            .store(static_cast<std::uint8_t>(value), std::memory_order_relaxed);
+        return;
+    }
+    std::uint16_t element = 0;
+    StoreLittleEndian(reinterpret_cast<std::uint8_t*>(&element), static_cast<std::uint16_t>(value));
+    std::atomic_ref<std::uint16_t>(TwoBytesAt(index)).store(element, std::memory_order_relaxed);
+}
+
+/// All owners' memory begins at a place for any type, so each pair of bytes is aligned.
+std::uint16_t& CMemoryStore::TwoBytesAt(std::uint64_t index) const {
+    return reinterpret_cast<std::uint16_t*>(m_pElements)[index];
 }
 
 TLargestValue CMemoryStore::FindLargest(std::uint64_t count, std::size_t limit) const {

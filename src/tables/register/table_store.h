@@ -29,8 +29,8 @@ class CTableStore : public CTableValues {
   public:
     /// Bytes of memory that the quota counts; `count`: indices of the type. Elements are counted as bytes.
     virtual std::uint64_t ResidentSize(std::uint64_t count) const { return count; }
-    /// Writes a stored value, for repairs: no other thread may ask meanwhile. Throws ChessException where
-    /// this kind of table cannot be changed.
+    /// Writes a stored value, for repairs; a thread that asks meanwhile gets the old value or the new one. Throws
+    /// ChessException where this kind of table, or a table of such small elements, cannot be changed.
     virtual void SetValueAt(std::uint64_t index, unsigned value) = 0;
     /// The largest value, NotGenerated and index 0 apart, with up to `limit` of its places.
     virtual TLargestValue FindLargest(std::uint64_t count, std::size_t limit) const = 0;
@@ -42,7 +42,7 @@ class CTableStore : public CTableValues {
     virtual bool IsPacked() const { return false; }
 };
 
-/// A table read whole; elements of 1 or 2 bytes, little-endian.
+/// A table held whole; elements of 1 or 2 bytes, little-endian.
 class CMemoryStore final : public CTableStore {
   public:
     /// Whoever read the table brings its memory along.
@@ -56,6 +56,8 @@ class CMemoryStore final : public CTableStore {
     const std::uint8_t* Elements() const override { return m_pElements; }
 
   private:
+    std::uint16_t& TwoBytesAt(std::uint64_t index) const;
+
     TOwner m_owner;
     std::uint8_t* m_pElements;
     int m_elementSize;

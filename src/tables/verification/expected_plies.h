@@ -9,15 +9,15 @@
 #include <memory>
 
 #include "chess/chessboard.h"
+#include "tables/register/table_store.h"
 #include "tables/table_index.h"
-#include "tables/table_values.h"
 
 namespace tarnwick {
 
 /// A table with its index arithmetic.
 struct TFoundTable {
     std::shared_ptr<const CTableIndex> pIndex;
-    std::shared_ptr<CTableValues> pValues;
+    std::shared_ptr<CTableStore> pValues;
 };
 
 /// The table of the board's men; null where there is none. Any thread.

@@ -206,9 +206,8 @@ void CTableVerifier::Report(std::uint64_t index, const TChessboard& board, unsig
     if (!bFixable || expected == 0 || !MayRepair(stored)) {
         return;
     }
-    if (m_own.pValues->SetValue(index, expected / 2 + 1)) {
-        ++m_nFixed;
-    }
+    m_own.pValues->SetValueAt(index, expected / 2 + 1);
+    ++m_nFixed;
 }
 
 /// Whoever wished to be asked is asked once.

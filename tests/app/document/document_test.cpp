@@ -9,7 +9,7 @@
 #include "app/document/played_line.h"
 #include "app/document/text_folding.h"
 #include "app/document/variants.h"
-#include "app/view/legal_moves.h"
+#include "chess/legal_moves.h"
 #include "document_support.h"
 #include "problems/cp_file_reader.h"
 #include "problems/problem_transforms.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/view/legal_moves.h"
+#include "chess/legal_moves.h"
 #include "support/board_line.h"
 #include "support/random_positions.h"
 
