@@ -97,17 +97,12 @@ int MovesToLose(const CTypeNode& node, const TMen& men, int steppedPawn) {
     return replies.bSaved ? NotLost : static_cast<int>(replies.longest);
 }
 
-unsigned ValueOfConversion(const CTypeNode& node, const TMenMove& move, const TMen& after) {
-    unsigned best = 0;
-    const std::size_t figures = move.bPromotes ? 4 : 1;
-    for (std::size_t figure = 0; figure < figures; ++figure) {
-        const int promoted = move.bPromotes ? move.man : NoMan;
-        const int moves = LosingThrough(node.After(move.captured, promoted, figure), after);
-        if (moves != NotLost && (best == 0 || static_cast<unsigned>(moves) + 1 < best)) {
-            best = static_cast<unsigned>(moves) + 1;
-        }
-    }
-    return best;
+unsigned ValueOfConversion(const CTypeNode& node, const TMenMove& move, const TMen& after,
+                           std::size_t figure) {
+    const TTypeLink& link = move.bPromotes ? node.After(move.captured, move.man, figure)
+                                           : node.After(move.captured, NoMan, 0);
+    const int moves = LosingThrough(link, after);
+    return moves == NotLost ? 0 : static_cast<unsigned>(moves) + 1;
 }
 
 }  // namespace tarnwick

@@ -40,7 +40,9 @@ unsigned EnPassantValue(const CTypeNode& node, const TMen& men, int steppedPawn)
 /// Black's captures en passant of the white pawn that has just made its double step.
 TReplyValues EnPassantReplies(const CTypeNode& node, const TMen& men, int steppedPawn);
 
-/// Moves to mate after a capture or promotion of White, the best figure chosen; 0 for none.
-unsigned ValueOfConversion(const CTypeNode& node, const TMenMove& move, const TMen& after);
+/// Moves to mate after a capture or promotion of White, 0 for none. `figure` is what a pawn becomes, as its
+/// place in PromotionTypes, and counts for a promotion alone.
+unsigned ValueOfConversion(const CTypeNode& node, const TMenMove& move, const TMen& after,
+                           std::size_t figure = 0);
 
 }  // namespace tarnwick

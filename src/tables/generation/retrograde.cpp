@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cassert>
 #include <cstring>
+#include <thread>
 
 #include "tables/generation/conversions.h"
 #include "tables/generation/parallel_ranges.h"
@@ -26,6 +27,10 @@ constexpr std::uint8_t WaitsLong = 251;
 constexpr unsigned LongWaitCheck = WaitCycle / 2;
 
 constexpr std::uint64_t PreparePiece = 1 << 14;
+/// A promotion to one figure costs as much as so many other places: all of Black's replies are looked up.
+constexpr std::uint64_t WorkOfPromotion = 8;
+/// First field of the rank before a white pawn's promotion.
+constexpr int SeventhRank = 48;
 constexpr std::uint64_t ScanPiece = 1 << 18;
 
 bool IsOpen(std::uint8_t state) {
@@ -56,6 +61,8 @@ typename CRetrograde<Element>::TEnd CRetrograde<Element>::Run() {
             return TEnd::Stopped;
         }
         m_bPrepared = true;
+    } else {
+        m_settings.beforePromotions(BlackPromotes);
     }
     do {
         if (m_settings.pStop->load()) {
@@ -71,36 +78,126 @@ typename CRetrograde<Element>::TEnd CRetrograde<Element>::Run() {
 
 // The start.
 
+/// How much of the preparation is done, reported by the thread that began it.
+template <typename Element>
+class CRetrograde<Element>::CPreparedShare {
+  public:
+    CPreparedShare(const TGenerationSettings& settings, std::uint64_t all)
+        : m_settings(settings), m_all(static_cast<double>(all)) {}
+
+    void Add(std::uint64_t places) {
+        TGenerationProgress progress;
+        progress.prepared = static_cast<double>(m_done += places) / m_all;
+        if (std::this_thread::get_id() == m_caller) {
+            m_settings.report(progress);
+        }
+    }
+
+  private:
+    const TGenerationSettings& m_settings;
+    double m_all;
+    std::atomic<std::uint64_t> m_done{0};
+    std::thread::id m_caller = std::this_thread::get_id();
+};
+
 template <typename Element>
 bool CRetrograde<Element>::Prepare() {
     m_stepped.clear();
-    std::atomic<std::uint64_t> done{0};
-    const auto caller = std::this_thread::get_id();
-    const bool bDone = ForAll(PreparePiece, [&](std::uint64_t begin, std::uint64_t end) {
+    m_white.Reset();
+    CPreparedShare share(m_settings,
+                         m_type.GetIndexCount() + 4 * WorkOfPromotion * PlacesBeforePromotion());
+    for (std::size_t figure = 0; figure < 4 && PlacesBeforePromotion() != 0; ++figure) {
+        m_settings.beforePromotions(figure);
+        if (!PreparePromotions(figure, share)) {
+            return false;
+        }
+    }
+    m_settings.beforePromotions(BlackPromotes);
+    return PrepareAllElse(share);
+}
+
+/// Indices with a white pawn before its promotion, those with two of them counted twice.
+template <typename Element>
+std::uint64_t CRetrograde<Element>::PlacesBeforePromotion() const {
+    std::uint64_t places = 0;
+    for (std::size_t i = 0; i < m_type.Letters(); ++i) {
+        if (m_type.ManOf(i) == WhitePawn) {
+            places += m_type.Stride(i) == 0 ? m_type.GetIndexCount()
+                                            : m_type.GetIndexCount() / PawnFields * 8;
+        }
+    }
+    return places;
+}
+
+/// Looks at the places with one white pawn on the seventh rank, one pawn after another.
+template <typename Element>
+bool CRetrograde<Element>::PreparePromotions(std::size_t figure, CPreparedShare& share) {
+    bool bDone = true;
+    for (std::size_t pawn = 0; pawn < m_type.Letters() && bDone; ++pawn) {
+        if (m_type.ManOf(pawn) != WhitePawn) {
+            continue;
+        }
+        // The fields of a rank follow one another in the pawn's digit; a set of pawns has none.
+        const std::uint64_t stride = m_type.Stride(pawn);
+        const std::uint64_t run = stride == 0 ? m_type.GetIndexCount() : 8 * stride;
+        const std::uint64_t cycle = stride == 0 ? run : PawnFields * stride;
+        const std::uint64_t first = stride == 0 ? 0 : (SeventhRank - FirstPawnField) * stride;
+        const std::uint64_t places = m_type.GetIndexCount() / cycle * run;
+        bDone = ForRanges(places, PreparePiece / WorkOfPromotion, m_settings.threads,
+                          *m_settings.pStop, [&](std::uint64_t begin, std::uint64_t end) {
+                              for (std::uint64_t i = begin; i < end; ++i) {
+                                  PreparePromotion(i / run * cycle + first + i % run, pawn, figure);
+                              }
+                              share.Add((end - begin) * WorkOfPromotion);
+                          });
+    }
+    return bDone;
+}
+
+/// The elements are as they came, so that 0 still means that nothing is known.
+template <typename Element>
+void CRetrograde<Element>::PreparePromotion(std::uint64_t index, std::size_t pawn,
+                                            std::size_t figure) {
+    TTablePlace place;
+    if (!m_type.PlaceOfIndex(index, place) || !IsFirstOrder(place) ||
+        RankOf(place.men[pawn]) != RankOf(SeventhRank)) {
+        return;
+    }
+    const TMen men = MenAt(m_type, place);
+    if (IsKingAttacked<false>(m_type, men)) {
+        return;
+    }
+    ForEachMove<true, TMovesWanted::CapturesAndPawns>(
+        m_type, men, [&](const TMenMove& move, const TMen& after) {
+            if (move.bPromotes && move.man == static_cast<int>(pawn)) {
+                if (White(index).load(std::memory_order_relaxed) == 0) {
+                    White(index).store(Unset, std::memory_order_relaxed);
+                }
+                SetMate(index, ValueOfConversion(m_node, move, after, figure));
+            }
+            return true;
+        });
+}
+
+template <typename Element>
+bool CRetrograde<Element>::PrepareAllElse(CPreparedShare& share) {
+    return ForAll(PreparePiece, [&](std::uint64_t begin, std::uint64_t end) {
         std::vector<TSteppedReply> stepped;
         TTablePlace place;
         for (std::uint64_t index = begin; index < end; ++index) {
             const bool bPosition = m_type.PlaceOfIndex(index, place) && IsFirstOrder(place);
             SetState(index, Settled);
-            White(index).store(0, std::memory_order_relaxed);
             if (bPosition) {
                 PrepareBlack(index, place, stepped);
                 PrepareWhite(index, place);
             }
         }
-        const std::uint64_t all = done += end - begin;
         if (!stepped.empty()) {
             const std::scoped_lock guard(m_steppedLock);
             m_stepped.insert(m_stepped.end(), stepped.begin(), stepped.end());
         }
-        if (std::this_thread::get_id() == caller) {
-            TGenerationProgress progress;
-            progress.prepared =
-                static_cast<double>(all) / static_cast<double>(m_type.GetIndexCount());
-            m_settings.report(progress);
-        }
+        share.Add(end - begin);
     });
-    return bDone;
 }
 
 template <typename Element>
@@ -148,7 +245,9 @@ void CRetrograde<Element>::PrepareWhite(std::uint64_t index, const TTablePlace& 
     if (IsKingAttacked<false>(m_type, men)) {
         return;
     }
-    White(index).store(Unset, std::memory_order_relaxed);
+    if (White(index).load(std::memory_order_relaxed) == 0) {
+        White(index).store(Unset, std::memory_order_relaxed);
+    }
     ForEachMove<true, TMovesWanted::CapturesAndPawns>(m_type, men,
                                                       [&](const TMenMove& move, const TMen& after) {
                                                           PrepareWhiteMove(index, move, after);
@@ -159,7 +258,10 @@ void CRetrograde<Element>::PrepareWhite(std::uint64_t index, const TTablePlace& 
 template <typename Element>
 void CRetrograde<Element>::PrepareWhiteMove(std::uint64_t index, const TMenMove& move,
                                             const TMen& after) {
-    if (!move.IsQuiet()) {
+    if (move.bPromotes) {
+        return;  // Looked up before.
+    }
+    if (move.captured != NoMan) {
         SetMate(index, ValueOfConversion(m_node, move, after));
         return;
     }

@@ -10,8 +10,8 @@
 //      whose last open reply it was is lost, and begins the next pass.
 //
 // Moves that leave the type (captures, promotions) and captures en passant are looked up in the tables of
-// the other types: White's once at the start, as an upper bound that waits in the table until its
-// pass comes; Black's at the start, since one reply that saves him settles the position, and again when no
+// the other types: White's once at the start, one figure of promotion after another, as an upper bound that
+// waits in the table until its pass comes; Black's at the start, since one reply that saves him settles the position, and again when no
 // other reply is open, since the longest mate counts.
 //
 // Like men are computed in one order, and the other orders are copied at the end.
@@ -29,6 +29,9 @@
 
 namespace tarnwick {
 
+/// In place of a figure of White: from now on until the end Black promotes, to any figure.
+inline constexpr std::size_t BlackPromotes = 4;
+
 /// How far a generation is, told a few times a second by the thread that began it.
 struct TGenerationProgress {
     bool bPreparing = true;   ///< Counting replies and looking up captures; else working in passes.
@@ -41,6 +44,9 @@ struct TGenerationSettings {
     int threads = 1;
     const std::atomic<bool>* pStop = nullptr;  ///< Not null.
     std::function<void(const TGenerationProgress&)> report = [](const TGenerationProgress&) {};
+    /// Called before the promotions of a step are looked up, no other thread being at work: which figure White
+    /// promotes to, as its place in PromotionTypes, or BlackPromotes.
+    std::function<void(std::size_t)> beforePromotions = [](std::size_t) {};
 };
 
 /// Element: std::uint8_t for mates of at most 253 moves, std::uint16_t for any.
@@ -78,6 +84,8 @@ class CRetrograde {
     void Forget();
 
   private:
+    class CPreparedShare;
+
     /// A double step of a black pawn beside a white one: this reply is answered by the shorter of the
     /// table's mate and the one that begins en passant.
     struct TSteppedReply {
@@ -87,10 +95,14 @@ class CRetrograde {
     };
 
     bool Prepare();
+    bool PreparePromotions(std::size_t figure, CPreparedShare& share);
+    bool PrepareAllElse(CPreparedShare& share);
+    void PreparePromotion(std::uint64_t index, std::size_t pawn, std::size_t figure);
     void PrepareBlack(std::uint64_t index, const TTablePlace& place,
                       std::vector<TSteppedReply>& stepped);
     void PrepareWhite(std::uint64_t index, const TTablePlace& place);
     void PrepareWhiteMove(std::uint64_t index, const TMenMove& move, const TMen& after);
+    std::uint64_t PlacesBeforePromotion() const;
     bool Pass();
     void TakeBackFrom(std::uint64_t begin, std::uint64_t end);
     void CloseRepliesTo(std::uint64_t begin, std::uint64_t end);

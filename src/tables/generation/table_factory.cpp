@@ -9,6 +9,7 @@
 #include "platform/atomic_file.h"
 #include "platform/memory_info.h"
 
+#include "tables/generation/promotion_slices.h"
 #include "tables/generation/unfinished_file.h"
 #include "tables/open_values.h"
 #include "tables/register/table_store.h"
@@ -123,14 +124,20 @@ std::vector<TPlannedTable> CTableFactory::Plan(const std::vector<std::string>& t
 }
 
 TMadeTable CTableFactory::Make(const TPlannedTable& planned) {
-    const CTypeGraph graph(planned.type,
-                           [this](const std::string& type) { return ValuesOf(type); });
+    // Tables with as many men are held in slices; the smaller ones whole, up to half of the budget.
+    CTypeGraph graph(planned.type, [&](const std::string& type) {
+        return ValuesOf(type, type.size() < planned.type.size());
+    });
     const CTypeNode& node = graph.Root();
     m_values.clear();
-    m_budget = BudgetForOtherTables(node.Index().GetIndexCount(), 1);
-    TMadeTable made = MakeWith<std::uint8_t>(planned, node);
+    const std::uint64_t budget = BudgetForOtherTables(node.Index().GetIndexCount(), 1);
+    m_budget = std::min(budget / 2, graph.BytesOfSmallerTables());
+    CPromotionSlices slices(graph, budget - m_budget, m_settings.threads);
+    TGenerationSettings settings = m_settings;
+    settings.beforePromotions = [&](std::size_t step) { slices.Hold(step); };
+    TMadeTable made = MakeWith<std::uint8_t>(planned, node, settings);
     if (made.path.empty()) {
-        made = MakeWith<std::uint16_t>(planned, node);
+        made = MakeWith<std::uint16_t>(planned, node, settings);
     }
     m_values.clear();
     return made;
@@ -138,11 +145,12 @@ TMadeTable CTableFactory::Make(const TPlannedTable& planned) {
 
 /// A table without a path needs wider elements.
 template <typename Element>
-TMadeTable CTableFactory::MakeWith(const TPlannedTable& planned, const CTypeNode& node) {
+TMadeTable CTableFactory::MakeWith(const TPlannedTable& planned, const CTypeNode& node,
+                                   const TGenerationSettings& settings) {
     const CTableIndex& index = node.Index();
     const auto path = PathOf(planned.type);
     const auto unfinished = UnfinishedPathOf(path);
-    CRetrograde<Element> retrograde(node, m_settings);
+    CRetrograde<Element> retrograde(node, settings);
     if (planned.bGoesOn) {
         LoadUnfinished(unfinished, planned.type, retrograde);
     }
@@ -172,11 +180,12 @@ TMadeTable CTableFactory::MakeWith(const TPlannedTable& planned, const CTypeNode
 }
 
 /// Called at the first value of a type that the generation asks for, by any of its threads.
-std::shared_ptr<CTableValues> CTableFactory::ValuesOf(const std::string& type) {
+std::shared_ptr<CTableValues> CTableFactory::ValuesOf(const std::string& type, bool bWhole) {
     const std::scoped_lock guard(m_lock);
     std::shared_ptr<CTableValues>& pValues = m_values[type];
     if (!pValues) {
-        TOpenedValues opened = OpenValues(m_folders, CTableIndex(type), m_budget, true);
+        TOpenedValues opened =
+            OpenValues(m_folders, CTableIndex(type), bWhole ? m_budget : 0, true);
         m_budget -= std::min(m_budget, opened.bytesInMemory);
         pValues = opened.pValues ? opened.pValues : MakeInMemory(type);
     }
@@ -190,7 +199,7 @@ std::shared_ptr<CTableValues> CTableFactory::MakeInMemory(const std::string& typ
     std::shared_ptr<CTableValues>& pValues = m_small[type];
     if (!pValues) {
         static const std::atomic<bool> NeverStopped{false};
-        const CTypeGraph graph(type, [this](const std::string& other) {
+        CTypeGraph graph(type, [this](const std::string& other) {
             const TOpenedValues opened = OpenValues(m_folders, CTableIndex(other), m_budget, true);
             return opened.pValues ? opened.pValues : MakeInMemory(other);
         });

@@ -48,8 +48,10 @@ class CTableFactory {
 
   private:
     template <typename Element>
-    TMadeTable MakeWith(const TPlannedTable& planned, const CTypeNode& node);
-    std::shared_ptr<CTableValues> ValuesOf(const std::string& type);
+    TMadeTable MakeWith(const TPlannedTable& planned, const CTypeNode& node,
+                        const TGenerationSettings& settings);
+    /// bWhole: in memory, as far as the budget goes.
+    std::shared_ptr<CTableValues> ValuesOf(const std::string& type, bool bWhole);
     std::shared_ptr<CTableValues> MakeInMemory(const std::string& type);
     std::filesystem::path PathOf(const std::string& type) const;
     bool HasCompleteTable(const std::string& type) const;

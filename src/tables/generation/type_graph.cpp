@@ -21,13 +21,30 @@ CTypeNode::CTypeNode(std::string type, const TTableFinder& finder)
     m_links.resize((Letters() + 1) * (Letters() * 4 + 1));
 }
 
-unsigned CTypeNode::ValueAt(const TTablePlace& place) const {
+const CTableValues& CTypeNode::Values() const {
     std::call_once(m_found, [this] { m_pValues = m_finder(m_index.Type()); });
-    const unsigned value = m_pValues->ValueAt(m_index.IndexOfPlace(place));
+    return *m_pValues;
+}
+
+unsigned CTypeNode::ValueAt(const TTablePlace& place) const {
+    const auto slice =
+        std::ranges::find_if(m_slices, [&](const auto& pSlice) { return pSlice->Holds(place); });
+    const unsigned value = slice != m_slices.end() ? (*slice)->ValueAt(place)
+                                                   : Values().ValueAt(m_index.IndexOfPlace(place));
     if (value == NotGenerated) {
         throw ChessException(FilledText(PartialTableText, {m_index.Type()}));
     }
     return value;
+}
+
+void CTypeNode::HoldSlice(CEdgeSlice::TLetters onEdge, int threads) {
+    const CTableValues& values = Values();
+    m_slices.push_back(
+        std::make_unique<CEdgeSlice>(m_index, onEdge, values, values.ElementSize(), threads));
+}
+
+std::uint64_t CTypeNode::BytesOfSlice(CEdgeSlice::TLetters onEdge) const {
+    return CEdgeSlice::BytesOf(m_index, onEdge, Values().ElementSize());
 }
 
 CTypeGraph::CTypeGraph(const std::string& type, TTableFinder finder)
@@ -42,6 +59,14 @@ CTypeNode& CTypeGraph::NodeOf(const std::string& type) {
         return node;
     }
     return *pNode;
+}
+
+std::uint64_t CTypeGraph::BytesOfSmallerTables() const {
+    std::uint64_t bytes = 0;
+    for (const auto& [type, pNode] : m_nodes) {
+        bytes += type.size() < m_pRoot->Letters() ? pNode->Index().GetIndexCount() : 0;
+    }
+    return bytes;
 }
 
 void CTypeGraph::MakeLinks(CTypeNode& node) {

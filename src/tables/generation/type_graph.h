@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "tables/generation/edge_slice.h"
 #include "tables/generation/men_moves.h"
 #include "tables/table_index.h"
 #include "tables/table_values.h"
@@ -22,7 +23,7 @@ class CTypeNode;
 
 struct TTypeLink {
     /// Null where White has its king alone: no mate.
-    const CTypeNode* pNode = nullptr;
+    CTypeNode* pNode = nullptr;
     /// For each letter of the other type: the letter of this type whose man it is.
     std::array<std::uint8_t, MaxTypeLetters> source{};
 };
@@ -46,6 +47,11 @@ class CTypeNode {
     /// that are made from this one.
     unsigned ValueAt(const TTablePlace& place) const;
 
+    /// Parts of a table that is too large to be held. Not while another thread asks for values.
+    void HoldSlice(CEdgeSlice::TLetters onEdge, int threads);
+    void DropSlices() { m_slices.clear(); }
+    std::uint64_t BytesOfSlice(CEdgeSlice::TLetters onEdge) const;
+
   private:
     friend class CTypeGraph;
 
@@ -59,8 +65,11 @@ class CTypeNode {
     CTableIndex m_index;
     std::vector<TTypeLink> m_links;
     const TTableFinder& m_finder;
+    const CTableValues& Values() const;
+
     mutable std::once_flag m_found;
     mutable std::shared_ptr<CTableValues> m_pValues;  ///< From the first question on.
+    std::vector<std::unique_ptr<CEdgeSlice>> m_slices;
 };
 
 class CTypeGraph {
@@ -68,7 +77,9 @@ class CTypeGraph {
     /// The finder is asked for a type at its first value, from any thread, once.
     CTypeGraph(const std::string& type, TTableFinder finder);
 
-    const CTypeNode& Root() const { return *m_pRoot; }
+    CTypeNode& Root() { return *m_pRoot; }
+    /// Bytes of all tables with fewer men, at a byte an element.
+    std::uint64_t BytesOfSmallerTables() const;
 
   private:
     CTypeNode& NodeOf(const std::string& type);

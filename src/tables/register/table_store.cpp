@@ -100,6 +100,16 @@ unsigned CDiskStore::ValueAt(std::uint64_t index) const {
     return bRead ? ElementAt(element.data(), m_elementSize) : NotGenerated;
 }
 
+void CDiskStore::ReadValues(std::uint64_t first, std::span<std::uint16_t> values) const {
+    const auto size = static_cast<std::size_t>(m_elementSize);
+    std::vector<std::uint8_t> bytes(values.size() * size);
+    const bool bRead = m_file.ReadAt(first * size, bytes);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = static_cast<std::uint16_t>(bRead ? ElementAt(&bytes[i * size], m_elementSize)
+                                                     : NotGenerated);
+    }
+}
+
 void CDiskStore::SetValueAt(std::uint64_t, unsigned) {
     throw ChessException("A table on disk is changed in its file, not in the register.");
 }

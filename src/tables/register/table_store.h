@@ -51,6 +51,7 @@ class CMemoryStore final : public CTableStore {
 
     CMemoryStore(TOwner owner, int elementSize);
     unsigned ValueAt(std::uint64_t index) const override;
+    int ElementSize() const override { return m_elementSize; }
     void SetValueAt(std::uint64_t index, unsigned value) override;
     TLargestValue FindLargest(std::uint64_t count, std::size_t limit) const override;
     const std::uint8_t* Elements() const override { return m_pElements; }
@@ -69,6 +70,8 @@ class CDiskStore final : public CTableStore {
     CDiskStore(CRandomAccessFile file, int elementSize)
         : m_file(std::move(file)), m_elementSize(elementSize) {}
     unsigned ValueAt(std::uint64_t index) const override;
+    void ReadValues(std::uint64_t first, std::span<std::uint16_t> values) const override;
+    int ElementSize() const override { return m_elementSize; }
     void SetValueAt(std::uint64_t index, unsigned value) override;
     TLargestValue FindLargest(std::uint64_t count, std::size_t limit) const override;
     std::uint64_t ResidentSize(std::uint64_t) const override { return 0; }
@@ -104,6 +107,7 @@ class CPackedStore final : public CTableStore {
     unsigned ValueAt(std::uint64_t index) const override;
     void SetValueAt(std::uint64_t index, unsigned value) override;
     TLargestValue FindLargest(std::uint64_t count, std::size_t limit) const override;
+    int ElementSize() const override { return static_cast<int>(m_pBuffer->GetElementSize()); }
     std::uint64_t ResidentSize(std::uint64_t) const override { return m_pBuffer->GetMemoryUsed(); }
     bool IsPacked() const override { return true; }
     TBuffer& Buffer() const { return *m_pBuffer; }
