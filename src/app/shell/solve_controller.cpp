@@ -24,6 +24,19 @@ namespace {
 
 constexpr int MaxThreads = 64;
 
+/// No question of theirs is asked: it would come from a thread of the search, in the middle of a solve.
+TTableOptions TablesOf(CWorkbench& workbench) {
+    const TOptions& options = workbench.Options();
+    return {.maxMemRatioForPrecalculatedData = options.maxMemRatioForPrecalculatedData,
+            .useDataPackedForRandomAccess = options.useDataPackedForRandomAccess,
+            .bGlobalRegisterForceDiskAccess = options.globalRegisterForceDiskAccess,
+            .askForGlobalRegisterRecompression = 0,
+            .bAskIfSaveAfterDecompressAllToMem = false,
+            .bKeepExpandedCopies = false,
+            .programFolder = workbench.Folders().data,
+            .precalcPath = std::filesystem::path(options.precalcPath)};
+}
+
 TSolveSettings SettingsOf(CWorkbench& workbench, TPriorityClass priority) {
     const TOptions& options = workbench.Options();
     return {.bQuickMode = options.quickMode,
@@ -35,6 +48,7 @@ TSolveSettings SettingsOf(CWorkbench& workbench, TPriorityClass priority) {
             .bAskAboutThreads = true,
             .memoryPercent = options.maxMemRatioForTempReg,
             .bCheckRegisterCoherency = options.checkTempRegCoherency,
+            .tables = TablesOf(workbench),
             .bLogMoves = options.logMoves,
             .bRegisterInfoLog = options.registerInfoLog,
             .bRelaxationLog = options.tryRelaxSpecialHeuristicsLog,

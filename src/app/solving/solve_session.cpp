@@ -12,6 +12,7 @@
 #include "engine/jobs/job_memory.h"
 #include "engine/jobs/problem_job.h"
 #include "engine/threads/context_pool.h"
+#include "tables/register/global_register_set.h"
 
 namespace tarnwick {
 namespace {
@@ -56,6 +57,9 @@ void CSolveSession::Start(const TChessProblem& problem, const TSolveSettings& se
     m_pTask->m_options = JobOptions(problem, settings, wish);
     m_pTask->m_givenHeuristics = wish.givenHeuristics;
     m_pTask->m_threadPriority = settings.priority;
+    if (settings.tables) {
+        m_pTask->m_pTables = std::make_shared<TGlobalRegisterSet>(*settings.tables);
+    }
     TakeHintsOfProblem(*m_pTask, problem, settings.bMainVariantHints);
     m_outcome = {};
     m_outcome.options = m_pTask->m_options;

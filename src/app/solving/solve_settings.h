@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/thread_priority.h"
@@ -17,6 +18,7 @@
 #include "engine/jobs/result_texts.h"
 #include "engine/jobs/start_solving.h"
 #include "problems/chess_problem.h"
+#include "tables/register/table_options.h"
 
 namespace tarnwick {
 
@@ -31,6 +33,9 @@ struct TSolveSettings {
 
     int memoryPercent = 20;  ///< Of the machine's memory, for positions.
     bool bCheckRegisterCoherency = true;
+    /// Tables of few men that the search may ask. Each solve opens them anew, so that it sees those that have
+    /// been made meanwhile.
+    std::optional<TTableOptions> tables;
 
     bool bLogMoves = false;
     bool bRegisterInfoLog = false;

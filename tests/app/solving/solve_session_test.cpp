@@ -12,6 +12,7 @@
 #include "chess/move_text.h"
 #include "session_support.h"
 #include "support/slow_solver.h"
+#include "support/table_folder.h"
 
 namespace tarnwick {
 namespace {
@@ -267,6 +268,19 @@ TEST(KeptRegister, ForgetsInSafeModeWhatQuickModeBelieved) {
     store();
     kept.Prepare(options, 13);
     EXPECT_EQ(kept.Register()->ElementCount(), 1U);
+}
+
+/// A search alone takes minutes over the longest win of this ending.
+TEST(SolveSession, AsksTheTablesOfItsFolder) {
+    const CTableFolder folder({"R"});
+    CProblemOfFen owner("8/8/8/8/8/4k3/5R2/K7", 16);
+    TSolveSettings settings = TestSettings();
+    settings.tables = folder.Options();
+    CWatchedSession session;
+    session->Start(owner.Problem(), settings, AllKeys());
+    const TSolveOutcome outcome = session.Outcome();
+    EXPECT_EQ(outcome.result.keys.size(), 3U);
+    EXPECT_GT(outcome.result.tableHits, 0U);
 }
 
 TEST(JobOptions, WishGoesBeforeTheProblemAndThatBeforeTheSettings) {
