@@ -1,6 +1,7 @@
 #include "tables/generation/promotion_slices.h"
 
 #include <algorithm>
+#include <new>
 
 #include "tables/generation/retrograde.h"
 
@@ -31,10 +32,15 @@ void CPromotionSlices::Hold(std::size_t step) {
     std::uint64_t left = m_budget;
     for (const TWanted& one : wanted) {
         const std::uint64_t bytes = one.pNode->BytesOfSlice(one.onEdge);
-        if (bytes != 0 && bytes <= left) {
-            left -= bytes;
+        if (bytes == 0 || bytes > left) {
+            continue;
+        }
+        left -= bytes;
+        m_holders.push_back(one.pNode);
+        try {
             one.pNode->HoldSlice(one.onEdge, m_threads);
-            m_holders.push_back(one.pNode);
+        } catch (const std::bad_alloc&) {
+            return;  // The disk has it all.
         }
     }
 }
