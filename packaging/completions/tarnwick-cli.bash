@@ -91,7 +91,7 @@ _tarnwick_cli() {
         format) options='-h --help -o --output -i --in-place' ;;
         convert) options='-h --help --to --id' ;;
         diagram) options='-h --help --fen --id -o --output --size --style --black-below --coordinates --stipulation' ;;
-        tables) options='-h --help --data --json --men --threads --with-dependencies --anew --partial --fix --fen --count --form' ;;
+        tables) options='-h --help --data --json --men --threads --with-dependencies --anew --partial --fix --board-rules --fen --count --form' ;;
         perft) options='-h --help --fen --divide' ;;
         bench) options='-h --help --json' ;;
         help) options='-h --help' ;;

@@ -87,6 +87,7 @@ complete -c tarnwick-cli -n '__fish_seen_subcommand_from tables' -l with-depende
 complete -c tarnwick-cli -n '__fish_seen_subcommand_from tables' -l anew -d 'Also those that are there already'
 complete -c tarnwick-cli -n '__fish_seen_subcommand_from tables' -l partial -d 'The table goes up to some length only'
 complete -c tarnwick-cli -n '__fish_seen_subcommand_from tables' -l fix -d 'Repair a mate where none is stored, and a shorter one than stored'
+complete -c tarnwick-cli -n '__fish_seen_subcommand_from tables' -l board-rules -d 'Judge every position by the rules of the game alone'
 complete -c tarnwick-cli -n '__fish_seen_subcommand_from tables' -l fen -x -d 'The position, White to move, as FEN'
 complete -c tarnwick-cli -n '__fish_seen_subcommand_from tables' -l count -x -d 'How many positions, 10 without it'
 complete -c tarnwick-cli -n '__fish_seen_subcommand_from tables' -l form -x -d 'lzw'

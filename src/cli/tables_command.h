@@ -21,6 +21,7 @@ struct TTablesArguments {
     bool bAnew = false;
     bool bPartial = false;
     bool bFix = false;
+    bool bBoardRules = false;
     bool bJson = false;
     std::string form = "lzw";  ///< Of `pack`: "lzw", "lz4".
 };

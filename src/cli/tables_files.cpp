@@ -84,6 +84,7 @@ TExitStatus RunTablesVerify(const TTablesArguments& arguments, TConsole& console
         TVerifyOptions options;
         options.bPartial = arguments.bPartial;
         options.repair = arguments.bFix ? TRepair::Yes : TRepair::No;
+        options.bBoardRules = arguments.bBoardRules;
         options.threads = ThreadsOf(arguments);
         options.pStop = &stop.Flag();
         const std::int64_t startMs = NowMs();
@@ -96,6 +97,8 @@ TExitStatus RunTablesVerify(const TTablesArguments& arguments, TConsole& console
                                .Add("faults", counts.faults)
                                .Add("fixable", counts.fixable)
                                .Add("fixed", counts.fixed)
+                               .Add("byBoard", counts.byBoard)
+                               .Add("disputed", counts.disputed)
                                .Add("stopped", counts.bStopped)
                                .Add("ms", elapsed)
                                .Line()
@@ -112,7 +115,8 @@ TExitStatus RunTablesVerify(const TTablesArguments& arguments, TConsole& console
         if (counts.bStopped) {
             return TExitStatus::Stopped;
         }
-        status = counts.faults > counts.fixed ? TExitStatus::Unreadable : status;
+        const bool bDisputed = counts.faults == 0 && counts.disputed > 0;
+        status = counts.faults > counts.fixed || bDisputed ? TExitStatus::Unreadable : status;
     }
     return status;
 }

@@ -88,7 +88,14 @@ void AddVerify(CTablesWords& words, TTablesArguments& arguments) {
                     "The table goes up to some length only: what is longer is no fault");
     verify.add_flag("--fix", arguments.bFix,
                     "Repair a mate where none is stored, and a shorter one than stored");
+    verify.add_flag("--board-rules", arguments.bBoardRules,
+                    "Judge every position by the rules of the game alone: the slow way");
     verify.footer(
+        "Rules made for tables go through all positions; what they find wrong, and one position in "
+        "64\n"
+        "beside, is judged by the rules of the game. This takes twice the table in memory; without "
+        "that\n"
+        "much everything is judged the slow way.\n"
         "Faults are written into PrecalcFailuresTYPE.txt in the present folder, a line each: "
         "index,\n"
         "position, plies stored, plies expected. The exit status is 3 if faults remain.\n");

@@ -7,59 +7,16 @@
 
 #include "base/chess_exception.h"
 
+#include "made_tables.h"
 #include "support/small_endings.h"
 #include "support/temp_folder.h"
-#include "tables/generation/table_factory.h"
 #include "tables/generation/unfinished_file.h"
 #include "tables/lz4e_stream.h"
 #include "tables/open_values.h"
 #include "tables/random_access_lzw_buffer.h"
-#include "tables/verification/table_verifier.h"
 
 namespace tarnwick {
 namespace {
-
-const std::atomic<bool> NeverStopped{false};
-
-/// Tells nothing and says no.
-class CSilentDialog final : public TUserDialog {
-  public:
-    void Tell(std::string_view) override {}
-    bool Ask(std::string_view) override { return false; }
-    void Progress(std::string_view) override {}
-};
-
-TGenerationSettings TwoThreads() {
-    TGenerationSettings settings;
-    settings.threads = 2;
-    settings.pStop = &NeverStopped;
-    return settings;
-}
-
-unsigned MakeAll(const CTableFolders& folders, const std::string& type) {
-    CTableFactory factory(folders, TwoThreads());
-    unsigned longest = 0;
-    for (const TPlannedTable& planned : factory.Plan({type}, true, false)) {
-        const TMadeTable made = factory.Make(planned);
-        EXPECT_TRUE(made.bComplete);
-        longest = made.longestMate;
-    }
-    return longest;
-}
-
-std::string BytesOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-TVerifyCounts Verify(const CTableFolders& folders, const std::string& type, const CTempFolder& logs,
-                     TVerifyOptions options = {}) {
-    CSilentDialog dialog;
-    options.threads = 2;
-    options.logFolder = logs.Path();
-    options.pStop = &NeverStopped;
-    return CTableVerifier(folders, dialog, options).Verify(type);
-}
 
 TEST(TableGeneration, FindsTheLongestMatesOfThreeMen) {
     const CTempFolder folder;
@@ -247,42 +204,6 @@ TEST(TableGeneration, BeginsAnewFromADamagedStop) {
         EXPECT_TRUE(again.bComplete) << i;
         EXPECT_EQ(again.longestMate, 10U) << i;
     }
-}
-
-/// A fault that can be repaired is, one that cannot is told.
-TEST(TableVerification, FindsAndRepairsFaults) {
-    const CTempFolder folder;
-    const CTableFolders folders(folder.Path(), {});
-    MakeAll(folders, "Q");
-    const auto path =
-        folders.MakeFileName(TableNameOf("Q"), TTableFileMode::Unpacked, false, false);
-    const std::string good = BytesOf(path);
-    std::string bad = good;
-    const std::size_t lost = good.find('\4', 1000);
-    const std::size_t shorter = good.find('\6', 2000);
-    const std::size_t longer = good.find('\7', 3000);
-    bad[lost] = 0;
-    bad[shorter] = 2;
-    bad[longer] = 9;
-    std::ofstream(path, std::ios::binary) << bad;
-    const CTempFolder logs;
-    const TVerifyCounts found = Verify(folders, "Q", logs);
-    EXPECT_GE(found.faults, 3U) << "and positions that lead to them";
-    EXPECT_EQ(found.fixed, 0U);
-    EXPECT_EQ(BytesOf(path), bad) << "nothing was to be repaired";
-    const CTempFolder moreLogs;
-    TVerifyOptions repair;
-    repair.repair = TRepair::Yes;
-    for (int i = 0; i < 3; ++i) {
-        Verify(folders, "Q", moreLogs, repair);
-    }
-    const std::string repaired = BytesOf(path);
-    EXPECT_EQ(repaired[lost], 4);
-    EXPECT_EQ(repaired[longer], 7);
-    EXPECT_EQ(repaired[shorter], 2) << "a mate too short is reported and stays";
-    const std::string log = BytesOf(logs / "PrecalcFailuresQ.txt");
-    EXPECT_NE(log.find(std::to_string(lost) + ","), std::string::npos);
-    EXPECT_NE(log.find(",0,7\n"), std::string::npos) << "stored none, expected a mate in 4";
 }
 
 }  // namespace

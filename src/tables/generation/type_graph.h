@@ -5,6 +5,7 @@
 // what a move out of a type does to the letters: which one is gone, which pawn is another figure now, and
 // where the remaining men stand in the other type's order.
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <memory>
@@ -41,6 +42,11 @@ class CTypeNode {
     /// pawn has become, as its place in PromotionTypes.
     const TTypeLink& After(int captured, int promoted, std::size_t figure) const {
         return m_links[LinkNumber(captured, promoted, figure)];
+    }
+    /// Calls visit(link) for every link, those without a node included.
+    template <typename TVisit>
+    void ForEachLink(const TVisit& visit) const {
+        std::ranges::for_each(m_links, visit);
     }
     /// Moves of White to mate from a place of this type, 0 for none. Any thread. Throws ChessException where
     /// the type's table has no value, or can no longer be read: a number in its place would spoil all tables

@@ -4,7 +4,9 @@
 #include <charconv>
 #include <cstdio>
 #include <fstream>
+#include <span>
 #include <thread>
+#include <vector>
 
 #include "base/chess_exception.h"
 #include "base/encoding.h"
@@ -27,6 +29,11 @@ namespace {
 /// Plies left on a verified board: enough for two moves of each side, and White is to move.
 constexpr std::uint16_t PliesOnBoard = 13;
 constexpr std::uint64_t Piece = 1 << 14;
+
+/// One index in 64 by the top bits of a product that spreads neighbours (Fibonacci hashing, Knuth 3, 6.4).
+bool IsInSample(std::uint64_t index) {
+    return (index * 0x9E3779B97F4A7C15ULL) >> 58 == 0;
+}
 
 std::string CountsText(const TVerifyCounts& counts) {
     return "(" + std::to_string(counts.faults) + " fault(s) found, " +
@@ -69,6 +76,7 @@ std::string VerifyProgressText(const TVerifyCounts& counts) {
 struct CTableVerifier::TWorker {
     TBoardStack stack;
     TChessboard board = EmptyChessboard();
+    std::uint64_t judged = 0;
 };
 
 CTableVerifier::CTableVerifier(const CTableFolders& folders, TUserDialog& dialog,
@@ -86,23 +94,50 @@ TVerifyCounts CTableVerifier::Verify(const std::string& type) {
     ChooseLog(type);
     const auto caller = std::this_thread::get_id();
     auto shown = std::chrono::steady_clock::now();
-    const bool bAll = ForRanges(m_own.pIndex->GetIndexCount(), Piece, m_options.threads,
-                                *m_options.pStop, [&](std::uint64_t begin, std::uint64_t end) {
-                                    LookAt(begin, end);
-                                    const auto now = std::chrono::steady_clock::now();
-                                    if (std::this_thread::get_id() == caller &&
-                                        now - shown > std::chrono::milliseconds(200)) {
-                                        shown = now;
-                                        ShowProgress();
-                                    }
-                                });
+    ShowProgress();
+    const bool bScreened = Screen(type);
+    const std::uint64_t piece =
+        m_pScreen ? Piece / m_pScreen->RowCells() * m_pScreen->RowCells() : Piece;
+    const auto lookAt = [&](std::uint64_t begin, std::uint64_t end) {
+        LookAt(begin, end);
+        const auto now = std::chrono::steady_clock::now();
+        if (std::this_thread::get_id() == caller && now - shown > std::chrono::milliseconds(200)) {
+            shown = now;
+            ShowProgress();
+        }
+    };
+    const bool bAll = bScreened && ForRanges(m_own.pIndex->GetIndexCount(), piece,
+                                             m_options.threads, *m_options.pStop, lookAt);
+    m_pScreen.reset();
     m_dialog.Progress("");
     if (m_nFixed > 0) {
         SaveRepaired();
     }
     TVerifyCounts counts = Counts();
     counts.bStopped = !bAll;
+    if (counts.disputed > 0 && counts.faults == 0) {
+        m_dialog.Tell(FilledText(DisputedTableText, {type, std::to_string(counts.disputed)}));
+    }
     return counts;
+}
+
+/// Prepares the screen if there can be one; false after a stop.
+bool CTableVerifier::Screen(const std::string& type) {
+    if (m_options.bBoardRules) {
+        return true;
+    }
+    m_pGraph = std::make_unique<CTypeGraph>(
+        type, [](const std::string&) { return std::shared_ptr<CTableValues>(); });
+    m_pScreen = MakeTableScreen(m_pGraph->Root(), [this](const std::string& other) {
+        return TableOfKey(PositionTypeId(other), [&] { return other; });
+    });
+    if (m_pScreen && !m_pScreen->Prepare(m_options.threads, *m_options.pStop)) {
+        return false;
+    }
+    if (m_pScreen && !m_pScreen->IsOfOneMind()) {
+        m_pScreen.reset();
+    }
+    return true;
 }
 
 TFoundTable CTableVerifier::Open(const std::string& type, bool bCompleteOnly) {
@@ -117,10 +152,16 @@ const TFoundTable* CTableVerifier::TableOf(const TChessboard& board) {
     if (key == 0 || WhiteFigureCount(board) + board.m_whitePawns == 0) {
         return nullptr;
     }
+    return TableOfKey(key, [&] { return PositionTypeOf(board); });
+}
+
+/// typeName() gives the type of the key; it is asked once.
+template <typename TName>
+const TFoundTable* CTableVerifier::TableOfKey(std::uint64_t key, const TName& typeName) {
     const std::scoped_lock guard(m_tablesLock);
     auto found = m_tables.find(key);
     if (found == m_tables.end()) {
-        found = m_tables.emplace(key, Open(PositionTypeOf(board), true)).first;
+        found = m_tables.emplace(key, Open(typeName(), true)).first;
     }
     return found->second.pValues ? &found->second : nullptr;
 }
@@ -162,13 +203,23 @@ void CTableVerifier::LookAt(std::uint64_t begin, std::uint64_t end) {
     TWorker worker;
     worker.board.m_pThread = &worker.stack;
     worker.stack.m_pRootBoard = &worker.board;
+    std::vector<TScreenMark> marks(end - begin, TScreenMark::Unknown);
+    const std::uint64_t cells = m_pScreen ? m_pScreen->RowCells() : marks.size();
+    const unsigned partialMoves = m_options.bPartial ? (m_limitPlies + 1) / 2 : NotPartial;
+    for (std::uint64_t row = 0; m_pScreen && row < marks.size(); row += cells) {
+        m_pScreen->Mark(begin + row, partialMoves, std::span(marks).subspan(row, cells));
+    }
     for (std::uint64_t index = begin; index < end; ++index) {
-        LookAtIndex(index, worker);
+        const TScreenMark mark = marks[index - begin];
+        if (mark != TScreenMark::Agrees || IsInSample(index)) {
+            LookAtIndex(index, mark, worker);
+        }
     }
     m_nIndices += end - begin;
+    m_nByBoard += worker.judged;
 }
 
-void CTableVerifier::LookAtIndex(std::uint64_t index, TWorker& worker) {
+void CTableVerifier::LookAtIndex(std::uint64_t index, TScreenMark mark, TWorker& worker) {
     TChessboard& board = worker.board;
     unsigned stored = PliesOfMoves(m_own.pValues->ValueAt(index));
     if (m_firstPass && stored > 0 && !m_firstPass->contains(index)) {
@@ -184,8 +235,10 @@ void CTableVerifier::LookAtIndex(std::uint64_t index, TWorker& worker) {
     }
     const unsigned expected =
         ExpectedPlies(board, m_own, [this](const TChessboard& other) { return TableOf(other); });
+    ++worker.judged;
     const bool bNotYet = m_options.bPartial && (stored == 0 || stored == PliesUnknown);
     if (expected == stored || (bNotYet && (expected == 0 || expected >= m_limitPlies))) {
+        m_nDisputed += mark == TScreenMark::Differs ? 1 : 0;
         return;
     }
     Report(index, board, stored, expected);
@@ -255,6 +308,8 @@ TVerifyCounts CTableVerifier::Counts() const {
     const std::scoped_lock guard(m_reportLock);
     TVerifyCounts counts;
     counts.indices = m_nIndices;
+    counts.byBoard = m_nByBoard;
+    counts.disputed = m_nDisputed;
     counts.all = m_own.pIndex->GetIndexCount();
     counts.faults = m_nFaults;
     counts.fixable = m_nFixable;

@@ -4,6 +4,12 @@
 // Faults go into "PrecalcFailures<type>.txt", those of a second pass into "..._pass2.txt": a line
 // "index,FEN,stored,expected" each, values in plies. What is provably better can be repaired: a mate where
 // none was stored, or a shorter one. A stored mate that is none stays and is reported.
+//
+// Every fault is judged by the rules of the board (expected_plies.h). To them go all positions that a
+// screen with rules of its own marks (table_screen.h), and beside those one position in 64, spread over
+// the table, which the screen has no say in: a fault that its rules share with generation's shows there.
+// A repair changes what other positions must be worth; those that the screen had found right are not looked at
+// again, the second pass is for them. Without memory for the screen everything goes to the board.
 
 #include <atomic>
 #include <filesystem>
@@ -18,6 +24,7 @@
 
 #include "tables/table_files.h"
 #include "tables/verification/expected_plies.h"
+#include "tables/verification/table_screen.h"
 
 namespace tarnwick {
 
@@ -31,6 +38,7 @@ struct TVerifyOptions {
     bool bPartial = false;  ///< The table goes up to some length only; what is longer is no fault.
     TRepair repair = TRepair::No;
     int threads = 1;
+    bool bBoardRules = false;  ///< Every position by the rules of the board, without the screen.
     std::filesystem::path logFolder;
     const std::atomic<bool>* pStop = nullptr;  ///< Not null.
 };
@@ -41,6 +49,10 @@ struct TVerifyCounts {
     std::uint64_t faults = 0;
     std::uint64_t fixable = 0;
     std::uint64_t fixed = 0;
+    std::uint64_t byBoard = 0;  ///< Positions that the rules of the board have judged.
+    /// Positions that the screen has marked and the board found right. Beside faults and repairs that may be; else
+    /// one of the two sets of rules is wrong, and the dialog is told.
+    std::uint64_t disputed = 0;
     bool bStopped = false;
     unsigned longestOfPartial = 0;  ///< The mate that a partial table has got to.
 };
@@ -62,11 +74,14 @@ class CTableVerifier {
   private:
     struct TWorker;
 
+    bool Screen(const std::string& type);
     void LookAt(std::uint64_t begin, std::uint64_t end);
-    void LookAtIndex(std::uint64_t index, TWorker& worker);
+    void LookAtIndex(std::uint64_t index, TScreenMark mark, TWorker& worker);
     void Report(std::uint64_t index, const TChessboard& board, unsigned stored, unsigned expected);
     bool MayRepair(unsigned stored);
     const TFoundTable* TableOf(const TChessboard& board);
+    template <typename TName>
+    const TFoundTable* TableOfKey(std::uint64_t key, const TName& typeName);
     TFoundTable Open(const std::string& type, bool bCompleteOnly);
     void FindLimit();
     void ChooseLog(const std::string& type);
@@ -81,12 +96,16 @@ class CTableVerifier {
     TFoundTable m_own;
     std::map<std::uint64_t, TFoundTable> m_tables;  ///< By key; without values: there is none.
     std::mutex m_tablesLock;
+    std::unique_ptr<CTypeGraph> m_pGraph;
+    std::unique_ptr<CTableScreen> m_pScreen;             ///< Null: everything goes to the board.
     unsigned m_limitPlies = 0;                           ///< Of a partial table; 0: none.
     std::optional<std::set<std::uint64_t>> m_firstPass;  ///< Indices of its log, in a second pass.
 
     std::filesystem::path m_log;
     mutable std::mutex m_reportLock;
     std::atomic<std::uint64_t> m_nIndices{0};
+    std::atomic<std::uint64_t> m_nByBoard{0};
+    std::atomic<std::uint64_t> m_nDisputed{0};
     std::uint64_t m_nFaults = 0;
     std::uint64_t m_nFixable = 0;
     std::uint64_t m_nFixed = 0;
