@@ -28,6 +28,8 @@ constexpr std::size_t LastMatchStart = 12;
 constexpr std::size_t LastLiterals = 5;
 
 constexpr std::size_t PieceSize = 256 * 1024;
+/// Packed bytes are read in these pieces: a small file should not cost a large buffer.
+constexpr std::size_t InputPiece = 64 * 1024;
 constexpr int RecentBits = 15;
 constexpr std::size_t None = static_cast<std::size_t>(-1);
 /// The longer nothing repeats, the larger the steps, up to this one: bytes that cannot be packed pass fast.
@@ -220,7 +222,7 @@ CLz4Unpacker::CLz4Unpacker(TByteSource& source, const TLz4Head& head, std::strin
       m_head(head),
       m_name(std::move(name)),
       m_window(1 + (head.form == TLz4Form::Block ? FarthestShortOffset : FarthestLongOffset)),
-      m_input(PieceSize + Slack),
+      m_input(InputPiece + Slack),
       m_inputOffset(head.dataOffset),
       m_output(PieceSize / 8) {}
 
@@ -416,7 +418,7 @@ bool CLz4Unpacker::FillInput() {
         m_inputAt = 0;
         m_inputEnd = 0;
         try {
-            m_inputEnd = m_source.Read(std::span(m_input).first(PieceSize));
+            m_inputEnd = m_source.Read(std::span(m_input).first(InputPiece));
         } catch (const ChessException&) {
             m_sourceFault = std::current_exception();
         }

@@ -11,7 +11,7 @@
 //
 // Files of the older form start with "LZ4" and another fourth letter, and hold a block of the public format.
 // Tables are packed once and read often, so packing takes its time: it looks 16 MB back, where a position
-// with one man on another field is, and tries up to 4096 places. A match nearer than 16 bytes is never
+// with one man on another field is. A match nearer than 16 bytes is never
 // longer than its offset, which lets readers copy 16 bytes at a time without a look.
 
 #include <array>

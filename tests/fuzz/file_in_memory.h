@@ -1,13 +1,14 @@
 #pragma once
 
-// A file for a fuzz target whose reader wants a path. It stands in memory where there is such a folder, as a disk
-// would be the bottleneck, and goes away with the object.
+// A file for a fuzz target whose reader wants a path: memory that has a name as long as it is open. A disk, or the
+// making and removing of files for each input, would be the bottleneck.
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <span>
 #include <string>
 
@@ -15,23 +16,25 @@ namespace tarnwick {
 
 class CFileInMemory {
   public:
+    /// Gives the one file of the process this content.
     explicit CFileInMemory(std::span<const std::uint8_t> bytes) {
-        std::ofstream(Path(), std::ios::binary | std::ios::trunc)
-            .write(reinterpret_cast<const char*>(bytes.data()),
-                   static_cast<std::streamsize>(bytes.size()));
+        const bool bWritten =
+            ::ftruncate(Descriptor(), static_cast<off_t>(bytes.size())) == 0 &&
+            ::pwrite(Descriptor(), bytes.data(), bytes.size(), 0) == std::ssize(bytes);
+        if (!bWritten) {
+            std::abort();
+        }
     }
-    CFileInMemory(const CFileInMemory&) = delete;
-    CFileInMemory& operator=(const CFileInMemory&) = delete;
-    ~CFileInMemory() { std::filesystem::remove(Path()); }
 
-    /// One for each process: one object at a time.
     static const std::filesystem::path& Path() {
-        static const std::filesystem::path path = [] {
-            const std::filesystem::path memory = "/dev/shm";
-            return (is_directory(memory) ? memory : std::filesystem::temp_directory_path()) /
-                   ("tarnwick-fuzz-" + std::to_string(::getpid()));
-        }();
+        static const std::filesystem::path path = "/proc/self/fd/" + std::to_string(Descriptor());
         return path;
+    }
+
+  private:
+    static int Descriptor() {
+        static const int descriptor = ::memfd_create("tarnwick-fuzz", MFD_CLOEXEC);
+        return descriptor;
     }
 };
 

@@ -1,6 +1,11 @@
 // Each table holds, for every placing of its men, the moves to mate with White to move, and with Black to
 // move the moves to be mated plus one. Round n finds White's mates in n from Black's losses below n, then
-// Black's losses in n. std::function is dear, so the inner loops are templates.
+// Black's losses in n. A position is always judged by its moves; a round looks only at those from which a
+// quiet move leads to what the last one found, or whose captures and promotions come due. std::function is
+// dear, so the inner loops are templates.
+//
+// A position with a capture en passant is in no table: it is judged by its moves each time, and those
+// before it are looked at in every round.
 
 #include "support/small_endings.h"
 
@@ -8,7 +13,9 @@
 #include <cctype>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <stdexcept>
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -106,6 +113,7 @@ template <typename TSee>
 bool SeeMove(const TEndingPosition& position, bool isWhite, int man, int to, char promotion,
              const TSee& see) {
     TEndingPosition next = position;
+    next.passed = -1;
     const int taken = ManOn(position, to);
     if (man < 0) {
         (isWhite ? next.whiteKing : next.blackKing) = to;
@@ -144,23 +152,61 @@ bool SeePawnTo(const TEndingPosition& position, bool isWhite, int man, int to, c
     return false;
 }
 
+/// Whether a pawn of the other side stands beside the field.
+bool IsBesideEnemyPawn(const TEndingPosition& position, bool isWhite, int field) {
+    for (int i = 0; i < position.count; ++i) {
+        const auto man = static_cast<std::size_t>(i);
+        if (position.letters[man] == (isWhite ? 'p' : 'P') &&
+            position.fields[man] / 8 == field / 8 && std::abs(position.fields[man] - field) == 1) {
+            return true;
+        }
+    }
+    return false;
+}
+
+template <typename TSee>
+bool SeeDoubleStep(const TEndingPosition& position, bool isWhite, int man, const TSee& see) {
+    const int from = position.fields[static_cast<std::size_t>(man)];
+    const int step = isWhite ? 8 : -8;
+    const int to = from + 2 * step;
+    if (from / 8 != (isWhite ? 1 : 6) || ManOn(position, to) != -3) {
+        return false;
+    }
+    const bool mayBeTaken = IsBesideEnemyPawn(position, isWhite, to);
+    return SeeMove(position, isWhite, man, to, 0, [&](TEndingPosition next) {
+        next.passed = mayBeTaken ? from + step : -1;
+        return see(next);
+    });
+}
+
+/// The pawn takes the one that has just stepped over the field.
+template <typename TSee>
+bool SeeEnPassant(const TEndingPosition& position, bool isWhite, int man, const TSee& see) {
+    TEndingPosition stepped = position;
+    const int enemy = ManOn(position, position.passed + (isWhite ? -8 : 8));
+    stepped.fields[static_cast<std::size_t>(enemy)] = position.passed;
+    return SeeMove(stepped, isWhite, man, position.passed, 0, see);
+}
+
 template <typename TSee>
 bool SeePawn(const TEndingPosition& position, bool isWhite, int man, const TSee& see) {
     const int from = position.fields[static_cast<std::size_t>(man)];
     const int step = isWhite ? 8 : -8;
-    if (ManOn(position, from + step) == -3) {
-        if (SeePawnTo(position, isWhite, man, from + step, see)) {
-            return true;
-        }
-        if (from / 8 == (isWhite ? 1 : 6) && ManOn(position, from + 2 * step) == -3 &&
-            SeePawnTo(position, isWhite, man, from + 2 * step, see)) {
-            return true;
-        }
+    if (ManOn(position, from + step) == -3 &&
+        (SeePawnTo(position, isWhite, man, from + step, see) ||
+         SeeDoubleStep(position, isWhite, man, see))) {
+        return true;
     }
     for (const int side : {-1, 1}) {
         const int to = from + step + side;
-        if (IsOnBoard(from % 8 + side, from / 8) && ManOn(position, to) >= 0 &&
-            MayEnter(position, isWhite, to) && SeePawnTo(position, isWhite, man, to, see)) {
+        if (!IsOnBoard(from % 8 + side, from / 8)) {
+            continue;
+        }
+        if (to == position.passed && SeeEnPassant(position, isWhite, man, see)) {
+            return true;
+        }
+        if (ManOn(position, to) >= 0 && MayEnter(position, isWhite, to) &&
+            SeePawnTo(position, isWhite, man, to, see)) {
             return true;
         }
     }
@@ -269,6 +315,19 @@ std::size_t IndexOf(const TEndingPosition& position) {
     return index;
 }
 
+/// The place that IndexOf tells.
+TEndingPosition PositionAt(std::size_t index, const std::string& men) {
+    TEndingPosition position;
+    position.count = static_cast<int>(men.size());
+    for (std::size_t i = men.size(); i-- > 0; index /= 64) {
+        position.letters[i] = men[i];
+        position.fields[i] = static_cast<int>(index % 64);
+    }
+    position.whiteKing = static_cast<int>(index % 64);
+    position.blackKing = static_cast<int>(index / 64);
+    return position;
+}
+
 constexpr std::uint8_t Illegal = 255;
 
 /// Neither a capture nor a promotion: the successor is of the same table.
@@ -276,10 +335,11 @@ bool HasSameMen(const TEndingPosition& a, const TEndingPosition& b) {
     return a.count == b.count && a.letters == b.letters;
 }
 
-std::string MenText(const TEndingPosition& position) {
-    std::string men(position.letters.data(), static_cast<std::size_t>(position.count));
-    std::sort(men.begin(), men.end());
-    return men;
+/// The same for all positions with these men, in whatever order.
+unsigned KeyOfMen(const TEndingPosition& position) {
+    const auto first = static_cast<unsigned char>(position.count > 0 ? position.letters[0] : 0);
+    const auto second = static_cast<unsigned char>(position.count > 1 ? position.letters[1] : 0);
+    return std::min(first, second) + 256U * std::max(first, second);
 }
 
 }  // namespace
@@ -353,23 +413,151 @@ void ForEachEnding(const std::string& men, const std::function<void(const TEndin
     }
 }
 
+namespace {
+
+/// Calls `visit` with each field from which the man could have come by a quiet move.
+template <typename TSteps, typename TVisit>
+void ForEachStepBack(const TEndingPosition& position, int from, bool isSlider, const TSteps& steps,
+                     const TVisit& visit) {
+    for (const TStep step : steps) {
+        int file = from % 8 + step.file;
+        int rank = from / 8 + step.rank;
+        for (; IsOnBoard(file, rank) && ManOn(position, file + 8 * rank) == -3;
+             file += step.file, rank += step.rank) {
+            visit(file + 8 * rank);
+            if (!isSlider) {
+                break;
+            }
+        }
+    }
+}
+
+template <typename TVisit>
+void ForEachFieldBefore(const TEndingPosition& position, std::size_t man, const TVisit& visit) {
+    const int from = position.fields[man];
+    const char kind = KindOf(position.letters[man]);
+    if (kind == 'P') {
+        const bool isWhite = IsWhiteMan(position.letters[man]);
+        const int back = isWhite ? -8 : 8;
+        if (from / 8 != (isWhite ? 1 : 6) && ManOn(position, from + back) == -3) {
+            visit(from + back);
+            if (from / 8 == (isWhite ? 3 : 4) && ManOn(position, from + 2 * back) == -3) {
+                visit(from + 2 * back);
+            }
+        }
+        return;
+    }
+    if (kind == 'N') {
+        ForEachStepBack(position, from, false, KnightSteps, visit);
+        return;
+    }
+    if (kind != 'R') {
+        ForEachStepBack(position, from, true, DiagonalSteps, visit);
+    }
+    if (kind != 'B') {
+        ForEachStepBack(position, from, true, StraightSteps, visit);
+    }
+}
+
+/// Positions that wait to be looked at, each once.
+class CWaiting {
+  public:
+    explicit CWaiting(std::size_t size) : m_isWaiting(size) {}
+
+    void Add(std::size_t index) {
+        if (!m_isWaiting[index]) {
+            m_isWaiting[index] = true;
+            m_indexes.push_back(index);
+        }
+    }
+    std::vector<std::size_t> TakeAll() {
+        for (const std::size_t index : m_indexes) {
+            m_isWaiting[index] = false;
+        }
+        return std::exchange(m_indexes, {});
+    }
+
+  private:
+    std::vector<bool> m_isWaiting;
+    std::vector<std::size_t> m_indexes;
+};
+
+}  // namespace
+
 struct CSmallEndings::TTable {
     std::string men;
+    TEndingPosition example;  ///< Has the letters.
     bool hasPawn = false;
     std::vector<std::uint8_t> white;  ///< Moves to mate; 0 none, Illegal.
     std::vector<std::uint8_t> black;  ///< Moves to be mated + 1; 0 none, Illegal.
     int longest = 0;                  ///< Moves to mate, with all tables it leads to.
+
+    /// One side's positions that the next round, or the round of a number, has to look at.
+    struct TQueue {
+        CWaiting next{std::size_t{1} << 24};
+        std::array<std::vector<std::size_t>, Illegal> due;
+        std::vector<std::size_t> always;  ///< Those before a capture en passant.
+    };
+    std::unique_ptr<TQueue> whiteQueue = std::make_unique<TQueue>();
+    std::unique_ptr<TQueue> blackQueue = std::make_unique<TQueue>();
+
+    /// What the side could have played its last quiet move from has to be looked at.
+    void QueueBefore(const TEndingPosition& position, bool isWhite) {
+        CWaiting& next = (isWhite ? whiteQueue : blackQueue)->next;
+        const auto add = [&](TEndingPosition before) {
+            next.Add(IndexOf(Normal(before, hasPawn)));
+            if (!hasPawn) {  // A black king on the diagonal has two images.
+                for (int* pField :
+                     {&before.whiteKing, &before.blackKing, &before.fields[0], &before.fields[1]}) {
+                    *pField = Turn(*pField, 4);
+                }
+                next.Add(IndexOf(Normal(before, hasPawn)));
+            }
+        };
+        TEndingPosition before = position;
+        int& king = isWhite ? before.whiteKing : before.blackKing;
+        const auto kingFrom = [&](int field) {
+            king = field;
+            add(before);
+        };
+        const int kingField = king;
+        ForEachStepBack(position, kingField, false, StraightSteps, kingFrom);
+        ForEachStepBack(position, kingField, false, DiagonalSteps, kingFrom);
+        king = kingField;
+        for (std::size_t man = 0; man < static_cast<std::size_t>(position.count); ++man) {
+            if (IsWhiteMan(position.letters[man]) == isWhite) {
+                ForEachFieldBefore(position, man, [&](int field) {
+                    before.fields[man] = field;
+                    add(before);
+                });
+                before.fields[man] = position.fields[man];
+            }
+        }
+    }
+
+    std::vector<std::size_t> TakeQueue(bool isWhite, int moves) {
+        TQueue& queue = *(isWhite ? whiteQueue : blackQueue);
+        for (const std::size_t index : queue.due[static_cast<std::size_t>(moves)]) {
+            queue.next.Add(index);
+        }
+        for (const std::size_t index : queue.always) {
+            queue.next.Add(index);
+        }
+        return queue.next.TakeAll();
+    }
 };
 
 CSmallEndings::TTable& CSmallEndings::TableOf(const TEndingPosition& position) {
-    const std::string men = MenText(position);
-    std::shared_ptr<TTable>& table = m_tables[men];
+    if (position.count > 2) {
+        throw std::invalid_argument("this ending is not solved: " + position.Fen());
+    }
+    std::shared_ptr<TTable>& table = m_tables[KeyOfMen(position)];
     if (table == nullptr) {
-        if (men == "Pp" || men.size() > 2) {
-            throw std::invalid_argument("this ending is not solved: " + men);
-        }
+        std::string men(position.letters.data(), static_cast<std::size_t>(position.count));
+        std::sort(men.begin(), men.end());
         table = std::make_shared<TTable>();
         table->men = men;
+        table->example = PositionAt(0, men);
         table->hasPawn = HasPawn(men);
         SolveTable(*table);
     }
@@ -394,72 +582,129 @@ void CSmallEndings::SolveTable(TTable& table) {
     table.white.assign(size, Illegal);
     table.black.assign(size, Illegal);
     ForEachEnding(table.men, [&](const TEndingPosition& position) {
-        const TEndingPosition normal = Normal(position, table.hasPawn);
-        if (IndexOf(normal) != IndexOf(position)) {
-            return;  // The other order of two like men.
-        }
-        const auto leadsOn = [&](const TEndingPosition& next) {
-            if (!HasSameMen(next, position)) {
-                table.longest = std::max(table.longest, TableOf(next).longest);
-            }
-            return false;
-        };
-        if (IsLegalEnding(position, true)) {
-            table.white[IndexOf(position)] = 0;
-            SeeAll(position, true, leadsOn);
-        }
-        if (IsLegalEnding(position, false)) {
-            SeeAll(position, false, leadsOn);
-            const bool isMate = IsInCheck(position, false) &&
-                                !SeeAll(position, false, [](const auto&) { return true; });
-            table.black[IndexOf(position)] = isMate ? 1 : 0;
-        }
+        if (IndexOf(Normal(position, table.hasPawn)) == IndexOf(position)) {
+            Prepare(table, position);
+        }  // Else it is the other order of two like men.
     });
     for (int moves = 1;; ++moves) {
         const bool isWhiteBetter = ImproveWhite(table, moves);
         const bool isBlackBetter = ImproveBlack(table, moves);
         if (!isWhiteBetter && !isBlackBetter && moves > table.longest) {
-            return;
+            break;
         }
         table.longest = std::max(table.longest, isWhiteBetter ? moves : 0);
     }
+    table.whiteQueue.reset();
+    table.blackQueue.reset();
+}
+
+/// Finds the mates, and when the captures and promotions of either side come due.
+void CSmallEndings::Prepare(TTable& table, const TEndingPosition& position) {
+    const std::size_t index = IndexOf(position);
+    bool isBeforeEnPassant = false;
+    const auto isOfTable = [&](const TEndingPosition& next) {
+        isBeforeEnPassant = isBeforeEnPassant || next.passed >= 0;
+        if (HasSameMen(next, position)) {
+            return true;
+        }
+        table.longest = std::max(table.longest, TableOf(next).longest);
+        return false;
+    };
+    if (IsLegalEnding(position, true)) {
+        table.white[index] = 0;
+        int soonest = Illegal;
+        SeeAll(position, true, [&](const TEndingPosition& next) {
+            const int loss = isOfTable(next) ? -1 : MovesToBeMated(next);
+            soonest = loss < 0 ? soonest : std::min(soonest, loss + 1);
+            return false;
+        });
+        if (soonest < Illegal) {
+            table.whiteQueue->due[static_cast<std::size_t>(soonest)].push_back(index);
+        }
+        if (isBeforeEnPassant) {
+            table.whiteQueue->always.push_back(index);
+        }
+    }
+    isBeforeEnPassant = false;
+    if (IsLegalEnding(position, false)) {
+        table.black[index] = 0;
+        bool canMove = false;
+        int latest = 0;
+        SeeAll(position, false, [&](const TEndingPosition& next) {
+            canMove = true;
+            latest = std::max(latest, isOfTable(next) ? 0 : MovesToMate(next));
+            return false;
+        });
+        table.blackQueue->due[static_cast<std::size_t>(latest)].push_back(index);
+        if (isBeforeEnPassant) {
+            table.blackQueue->always.push_back(index);
+        }
+        if (!canMove && IsInCheck(position, false)) {
+            table.black[index] = 1;
+            table.QueueBefore(position, true);
+        }
+    }
+}
+
+/// Moves to be mated + 1, 0 if not known, after a move of White.
+int CSmallEndings::StoredLoss(const TTable& table, const TEndingPosition& next) {
+    return HasSameMen(next, table.example) ? table.black[IndexOf(Normal(next, table.hasPawn))]
+                                           : MovesToBeMated(next) + 1;
+}
+
+int CSmallEndings::StoredWin(const TTable& table, const TEndingPosition& next) {
+    return HasSameMen(next, table.example) ? table.white[IndexOf(Normal(next, table.hasPawn))]
+                                           : MovesToMate(next);
+}
+
+/// White, to move, mates in so many moves or fewer.
+bool CSmallEndings::IsWon(const TTable& table, const TEndingPosition& position, int moves) {
+    return SeeAll(position, true, [&](const TEndingPosition& next) {
+        if (next.passed >= 0) {
+            return IsLost(table, next, moves - 1);
+        }
+        const int loss = StoredLoss(table, next);
+        return loss != 0 && loss <= moves;
+    });
+}
+
+/// Black, to move, is mated in so many further moves or fewer.
+bool CSmallEndings::IsLost(const TTable& table, const TEndingPosition& position, int moves) {
+    bool canMove = false;
+    const bool holds = SeeAll(position, false, [&](const TEndingPosition& next) {
+        canMove = true;
+        if (next.passed >= 0) {
+            return !IsWon(table, next, moves);
+        }
+        const int win = StoredWin(table, next);
+        return win == 0 || win > moves;
+    });
+    return !holds && (canMove || IsInCheck(position, false));
 }
 
 bool CSmallEndings::ImproveWhite(TTable& table, int moves) {
     bool isBetter = false;
-    ForEachEnding(table.men, [&](const TEndingPosition& position) {
-        const auto isLostInTime = [&](const TEndingPosition& next) {
-            const int lost = HasSameMen(next, position)
-                                 ? table.black[IndexOf(Normal(next, table.hasPawn))]
-                                 : MovesToBeMated(next) + 1;
-            return lost != 0 && lost <= moves;
-        };
-        std::uint8_t& value = table.white[IndexOf(position)];
-        if (value == 0 && SeeAll(position, true, isLostInTime)) {
-            value = static_cast<std::uint8_t>(moves);
+    for (const std::size_t index : table.TakeQueue(true, moves)) {
+        const TEndingPosition position = PositionAt(index, table.men);
+        if (table.white[index] == 0 && IsWon(table, position, moves)) {
+            table.white[index] = static_cast<std::uint8_t>(moves);
+            table.QueueBefore(position, false);
             isBetter = true;
         }
-    });
+    }
     return isBetter;
 }
 
 bool CSmallEndings::ImproveBlack(TTable& table, int moves) {
     bool isBetter = false;
-    ForEachEnding(table.men, [&](const TEndingPosition& position) {
-        bool canMove = false;
-        const auto holds = [&](const TEndingPosition& next) {
-            canMove = true;
-            const int win = HasSameMen(next, position)
-                                ? table.white[IndexOf(Normal(next, table.hasPawn))]
-                                : MovesToMate(next);
-            return win == 0 || win > moves;
-        };
-        std::uint8_t& value = table.black[IndexOf(position)];
-        if (value == 0 && !SeeAll(position, false, holds) && canMove) {
-            value = static_cast<std::uint8_t>(moves + 1);
+    for (const std::size_t index : table.TakeQueue(false, moves)) {
+        const TEndingPosition position = PositionAt(index, table.men);
+        if (table.black[index] == 0 && IsLost(table, position, moves)) {
+            table.black[index] = static_cast<std::uint8_t>(moves + 1);
+            table.QueueBefore(position, true);
             isBetter = true;
         }
-    });
+    }
     return isBetter;
 }
 

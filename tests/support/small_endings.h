@@ -5,7 +5,7 @@
 // so many moves.
 //
 // Written apart from the program and from the slow rules: steps on a numbered board and whole tables.
-// There is no castling, and no en passant because a pawn never meets an enemy pawn.
+// There is no castling.
 
 #include <array>
 #include <functional>
@@ -23,6 +23,8 @@ struct TEndingPosition {
     int count = 0;  ///< Of the men beside the kings.
     std::array<char, 3> letters{};
     std::array<int, 3> fields{};
+    int passed =
+        -1;  ///< The field over which a pawn has just stepped, beside an enemy pawn; else -1.
 
     /// Placement part of a FEN.
     std::string Fen() const;
@@ -42,10 +44,11 @@ bool AnySuccessor(const TEndingPosition& position, bool isWhiteToMove,
 void ForEachEnding(const std::string& men, const std::function<void(const TEndingPosition&)>& see);
 
 /// The solved endings. An ending is solved when it is first asked for, with all into which captures and
-/// promotions lead; one of two men without pawns takes some seconds, with a pawn a minute.
+/// promotions lead; in a release build one of two men without pawns takes some seconds, with a pawn, and all
+/// into which it promotes, half a minute.
 class CSmallEndings {
   public:
-    // The position must be legal for the side to move.
+    // The position must be legal for the side to move, and nothing may be taken en passant.
 
     /// White, to move, mates in that many moves at best play; 0 if never.
     int MovesToMate(const TEndingPosition& position);
@@ -56,10 +59,15 @@ class CSmallEndings {
     struct TTable;
     TTable& TableOf(const TEndingPosition& position);
     void SolveTable(TTable& table);
+    void Prepare(TTable& table, const TEndingPosition& position);
     bool ImproveWhite(TTable& table, int moves);
     bool ImproveBlack(TTable& table, int moves);
+    int StoredLoss(const TTable& table, const TEndingPosition& next);
+    int StoredWin(const TTable& table, const TEndingPosition& next);
+    bool IsLost(const TTable& table, const TEndingPosition& position, int moves);
+    bool IsWon(const TTable& table, const TEndingPosition& position, int moves);
 
-    std::map<std::string, std::shared_ptr<TTable>> m_tables;
+    std::map<unsigned, std::shared_ptr<TTable>> m_tables;
 };
 
 }  // namespace tarnwick

@@ -22,13 +22,18 @@ class CTableFolder {
   public:
     /// Plain tables of these types, each made with those that it needs.
     explicit CTableFolder(std::initializer_list<const char*> types) {
+        MakeTables({types.begin(), types.end()});
+    }
+
+    /// The same, later.
+    void MakeTables(const std::vector<std::string>& types) const {
         const CTableFolders folders(m_folder.Path(), {});
         const std::atomic<bool> bNever{false};
         TGenerationSettings settings;
         settings.threads = 2;
         settings.pStop = &bNever;
         CTableFactory factory(folders, settings);
-        for (const char* type : types) {
+        for (const std::string& type : types) {
             for (const TPlannedTable& planned : factory.Plan({type}, true, false)) {
                 factory.Make(planned);
             }

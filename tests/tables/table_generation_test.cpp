@@ -11,9 +11,8 @@
 #include "support/small_endings.h"
 #include "support/temp_folder.h"
 #include "tables/generation/unfinished_file.h"
-#include "tables/lz4e_stream.h"
 #include "tables/open_values.h"
-#include "tables/random_access_lzw_buffer.h"
+#include "tables/table_positions.h"
 
 namespace tarnwick {
 namespace {
@@ -44,18 +43,9 @@ TEST(TableGeneration, AgreesWithASeparateSolverEverywhere) {
         const CTableIndex index(type);
         const auto values = OpenValues(folders, index, 1 << 20, true);
         int compared = 0;
+        TEndingPosition position;
         for (std::uint64_t number = 1; number < index.GetIndexCount(); ++number) {
-            TTablePlace place;
-            if (!index.PlaceOfIndex(number, place)) {
-                continue;
-            }
-            TEndingPosition position;
-            position.whiteKing = place.whiteKing;
-            position.blackKing = place.blackKing;
-            position.count = 1;
-            position.letters[0] = type[0];
-            position.fields[0] = place.men[0];
-            if (!IsLegalEnding(position, true)) {
+            if (!IsLegalIndex(index, number, position)) {
                 continue;
             }
             ++compared;
@@ -91,40 +81,6 @@ TEST(TableGeneration, AsksForMissingTablesByName) {
     EXPECT_EQ(plan.back().type, "P");
     EXPECT_EQ(plan.back().fileBytes, 98304U);
     EXPECT_EQ(folder.Count(), 0U) << "a plan writes nothing";
-}
-
-/// Every form of a file gives the values of the unpacked one, also where a pawn counts 48 fields.
-TEST(TableGeneration, ReadsEveryFormAlike) {
-    const CTempFolder folder;
-    const CTableFolders folders(folder.Path(), {});
-    MakeAll(folders, "P");
-    const CTableIndex index("P");
-    const TTableName name = TableNameOf("P");
-    const auto path = folders.MakeFileName(name, TTableFileMode::Unpacked, false, false);
-    const std::string bytes = BytesOf(path);
-    const std::vector<std::uint8_t> elements(bytes.begin(), bytes.end());
-    const auto packed = MakePackedFileName(path, true);
-    const auto pWriter = RandomAccessLZWBuffer::MakePackedTableWriter(1, nullptr);
-    ASSERT_TRUE(pWriter->PackFile(packed, CRandomAccessFile(path), index.GetIndexCount(), 0));
-    const auto stream = folders.MakeFileName(name, TTableFileMode::Lz4, false, false);
-    WriteLz4eFile(stream, elements);
-    const auto agrees = [&](std::uint64_t budget) {
-        const auto values = OpenValues(folders, index, budget, true).pValues;
-        for (std::uint64_t i = 1; i < index.GetIndexCount(); i += budget == 0 ? 37 : 1) {
-            if (values->ValueAt(i) != elements[i]) {
-                return false;
-            }
-        }
-        return true;
-    };
-    constexpr std::uint64_t Memory = 1 << 20;
-    EXPECT_TRUE(agrees(Memory));
-    EXPECT_TRUE(agrees(0)) << "on disk";
-    std::filesystem::remove(path);
-    EXPECT_TRUE(agrees(Memory)) << "one stream";
-    std::filesystem::remove(stream);
-    EXPECT_TRUE(agrees(Memory)) << "packed, expanded";
-    EXPECT_TRUE(agrees(0)) << "packed";
 }
 
 /// A table that cannot be read in the middle of the work must not be taken for anything.

@@ -84,6 +84,7 @@ class CTypeGraph {
     CTypeGraph(const std::string& type, TTableFinder finder);
 
     CTypeNode& Root() { return *m_pRoot; }
+    const CTypeNode& Root() const { return *m_pRoot; }
     /// Bytes of all tables with fewer men, at a byte an element.
     std::uint64_t BytesOfSmallerTables() const;
 
