@@ -49,13 +49,15 @@ inline constexpr TUserText SecondPassExistsText = {
 inline constexpr TUserText DisputedTableText = {
     "Błąd wewnętrzny: szybkie sprawdzanie tablicy %s uznało %s pozycji za błędne, a zasady gry "
     "potwierdzają je. Proszę sprawdzić tablicę samymi zasadami gry i zgłosić tę usterkę.",
-    "Internal error: the quick check of the table of %s calls %s position(s) wrong, and the rules of "
-    "the game confirm them. Verify the table by the rules of the game alone, and report this fault.",
+    "Internal error: the quick check of the table of %s calls %s position(s) wrong, and the rules "
+    "of the game confirm them. Verify the table by the rules of the game alone, and report this "
+    "fault.",
     "Внутрішня помилка: швидка перевірка таблиці %s вважає хибними %s позицій, а правила гри їх "
     "підтверджують. Перевірте таблицю самими правилами гри й повідомте про цю помилку."};
 
 inline constexpr const TUserText* AllTablesTexts[] = {
-    &NoPositionTypeText, &MissingTableText,     &PartialTableText, &OtherFormTableText,
-    &DamagedTableText,   &NoMemoryForTableText, &TooLongMateText,  &SecondPassExistsText, &DisputedTableText};
+    &NoPositionTypeText, &MissingTableText,     &PartialTableText,
+    &OtherFormTableText, &DamagedTableText,     &NoMemoryForTableText,
+    &TooLongMateText,    &SecondPassExistsText, &DisputedTableText};
 
 }  // namespace tarnwick
