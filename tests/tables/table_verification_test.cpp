@@ -191,7 +191,7 @@ TEST(TableScreen, KeepsItsRowsAndComparesOrders) {
     const CTypeGraph graph("QQ", [](const std::string&) { return nullptr; });
     const TTypeLookup lookup = [&](const std::string& other) { return tables.Of(other); };
     const auto prepare = [&](CRowRules<std::uint8_t>& rules) {
-        return rules.Prepare(2, NeverStopped) && rules.DoOrdersAgree();
+        return rules.Prepare(2, NeverStopped, [](double) {}) && rules.DoOrdersAgree();
     };
     CRowRules<std::uint8_t> kept(graph.Root(), lookup);
     const CRowRules<std::uint8_t> computed(graph.Root(), lookup);

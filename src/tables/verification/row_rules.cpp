@@ -1,7 +1,7 @@
 #include "tables/verification/row_rules.h"
 
 #include <algorithm>
-#include <cassert>
+#include <thread>
 
 #include "chess/lines.h"
 #include "tables/generation/parallel_ranges.h"
@@ -247,12 +247,23 @@ void CRowRules<Element>::KeepReplies(TTypeRows& type) {
 }
 
 template <typename Element>
-bool CRowRules<Element>::Prepare(int threads, const std::atomic<bool>& stop) {
+bool CRowRules<Element>::Prepare(int threads, const std::atomic<bool>& stop,
+                                 const std::function<void(double)>& report) {
+    double all = 0;
+    for (const TTypeRows* pType : m_kept) {
+        all += static_cast<double>(pType->layout.Index().GetIndexCount());
+    }
+    std::atomic<std::uint64_t> done{0};
+    const auto caller = std::this_thread::get_id();
     return std::ranges::all_of(m_kept, [&](TTypeRows* pType) {
         const std::uint64_t cells = pType->layout.Cells();
         const auto computeRows = [&](std::uint64_t begin, std::uint64_t end) {
             for (std::uint64_t at = begin; at < end; at += cells) {
                 ComputeRow(*pType, at);
+            }
+            done += end - begin;
+            if (std::this_thread::get_id() == caller) {
+                report(static_cast<double>(done) / all);
             }
         };
         pType->bReady = ForRanges(pType->layout.Index().GetIndexCount(), RowsOfPiece * cells,

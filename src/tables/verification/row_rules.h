@@ -67,8 +67,9 @@ class CRowRules {
     bool IsUsable() const { return m_bUsable; }
     const CRowLayout& Layout() const { return m_pRoot->layout; }
     /// Computes and keeps the Replies of the table, and first those of the types that White's captures
-    /// lead to. False after a stop.
-    bool Prepare(int threads, const std::atomic<bool>& stop);
+    /// lead to. False after a stop. report gets the share that is done, 0 to 1, on the calling thread.
+    bool Prepare(int threads, const std::atomic<bool>& stop,
+                 const std::function<void(double)>& report);
     /// Whether like men's orders hold the same values; after Prepare.
     bool DoOrdersAgree() const { return m_bOrdersAgree; }
 
@@ -102,7 +103,6 @@ class CRowRules {
     TTypeRows& Add(const CTypeNode& node, const TTypeLookup& lookup);
     void AddAllReached(const TTypeLookup& lookup);
     void KeepReplies(TTypeRows& type);
-    bool Compute(TTypeRows& type, int threads, const std::atomic<bool>& stop);
     void ComputeRow(TTypeRows& type, std::uint64_t begin);
     const TTypeRows& RowsOf(const CTypeNode& node) const { return *m_types.at(&node); }
 

@@ -30,8 +30,10 @@ class CTableScreen {
     CTableScreen& operator=(const CTableScreen&) = delete;
     virtual ~CTableScreen() = default;
 
-    /// The first half of the work: what every position with Black to move is worth. False after a stop.
-    virtual bool Prepare(int threads, const std::atomic<bool>& stop) = 0;
+    /// The first half of the work: what every position with Black to move is worth. False after a stop. report gets
+    /// the share of this half that is done, 0 to 1, on the calling thread.
+    virtual bool Prepare(int threads, const std::atomic<bool>& stop,
+                         const std::function<void(double)>& report) = 0;
     /// False where the orders of like men hold different values, as the board would look at one order only;
     /// after Prepare.
     virtual bool IsOfOneMind() const = 0;

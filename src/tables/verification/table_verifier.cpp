@@ -65,10 +65,7 @@ std::string VerifyEndText(const TVerifyCounts& counts) {
 
 std::string VerifyProgressText(const TVerifyCounts& counts) {
     char percent[32];
-    const double part = counts.all == 0 ? 100.0
-                                        : 100.0 * static_cast<double>(counts.indices) /
-                                              static_cast<double>(counts.all);
-    std::snprintf(percent, sizeof(percent), "%0.1f%% ", part);
+    std::snprintf(percent, sizeof(percent), "%0.1f%% ", 100.0 * counts.share);
     return percent + CountsText(counts);
 }
 
@@ -93,17 +90,14 @@ TVerifyCounts CTableVerifier::Verify(const std::string& type) {
     FindLimit();
     ChooseLog(type);
     const auto caller = std::this_thread::get_id();
-    auto shown = std::chrono::steady_clock::now();
     ShowProgress();
     const bool bScreened = Screen(type);
     const std::uint64_t piece =
         m_pScreen ? Piece / m_pScreen->RowCells() * m_pScreen->RowCells() : Piece;
     const auto lookAt = [&](std::uint64_t begin, std::uint64_t end) {
         LookAt(begin, end);
-        const auto now = std::chrono::steady_clock::now();
-        if (std::this_thread::get_id() == caller && now - shown > std::chrono::milliseconds(200)) {
-            shown = now;
-            ShowProgress();
+        if (std::this_thread::get_id() == caller) {
+            ShowProgressNowAndThen();
         }
     };
     const bool bAll = bScreened && ForRanges(m_own.pIndex->GetIndexCount(), piece,
@@ -131,9 +125,14 @@ bool CTableVerifier::Screen(const std::string& type) {
     m_pScreen = MakeTableScreen(m_pGraph->Root(), [this](const std::string& other) {
         return TableOfKey(PositionTypeId(other), [&] { return other; });
     });
-    if (m_pScreen && !m_pScreen->Prepare(m_options.threads, *m_options.pStop)) {
+    const auto report = [this](double share) {
+        m_preparedShare = share;
+        ShowProgressNowAndThen();
+    };
+    if (m_pScreen && !m_pScreen->Prepare(m_options.threads, *m_options.pStop, report)) {
         return false;
     }
+    m_preparedShare = 1;
     if (m_pScreen && !m_pScreen->IsOfOneMind()) {
         m_pScreen.reset();
     }
@@ -300,7 +299,14 @@ void CTableVerifier::SaveRepaired() {
     writer.Commit();
 }
 
+void CTableVerifier::ShowProgressNowAndThen() {
+    if (std::chrono::steady_clock::now() - m_shown > std::chrono::milliseconds(200)) {
+        ShowProgress();
+    }
+}
+
 void CTableVerifier::ShowProgress() {
+    m_shown = std::chrono::steady_clock::now();
     m_dialog.Progress(VerifyProgressText(Counts()));
 }
 
@@ -311,6 +317,8 @@ TVerifyCounts CTableVerifier::Counts() const {
     counts.byBoard = m_nByBoard;
     counts.disputed = m_nDisputed;
     counts.all = m_own.pIndex->GetIndexCount();
+    const double looked = static_cast<double>(counts.indices) / static_cast<double>(counts.all);
+    counts.share = m_pScreen ? (m_preparedShare + looked) / 2 : looked;
     counts.faults = m_nFaults;
     counts.fixable = m_nFixable;
     counts.fixed = m_nFixed;

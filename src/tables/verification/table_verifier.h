@@ -12,6 +12,7 @@
 // again, the second pass is for them. Without memory for the screen everything goes to the board.
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -46,6 +47,7 @@ struct TVerifyOptions {
 struct TVerifyCounts {
     std::uint64_t indices = 0;  ///< Looked at so far.
     std::uint64_t all = 0;      ///< Of the table.
+    double share = 0;  ///< Of the whole work, 0 to 1; what comes before the first index counts too.
     std::uint64_t faults = 0;
     std::uint64_t fixable = 0;
     std::uint64_t fixed = 0;
@@ -87,6 +89,7 @@ class CTableVerifier {
     void ChooseLog(const std::string& type);
     void SaveRepaired();
     void ShowProgress();
+    void ShowProgressNowAndThen();
     TVerifyCounts Counts() const;
 
     const CTableFolders& m_folders;
@@ -100,6 +103,9 @@ class CTableVerifier {
     std::unique_ptr<CTableScreen> m_pScreen;             ///< Null: everything goes to the board.
     unsigned m_limitPlies = 0;                           ///< Of a partial table; 0: none.
     std::optional<std::set<std::uint64_t>> m_firstPass;  ///< Indices of its log, in a second pass.
+
+    double m_preparedShare = 0;                     ///< Of the screen.
+    std::chrono::steady_clock::time_point m_shown;  ///< When the progress was.
 
     std::filesystem::path m_log;
     mutable std::mutex m_reportLock;
