@@ -97,7 +97,7 @@ TExitStatus RunTablesVerify(const TTablesArguments& arguments, TConsole& console
                                .Add("faults", counts.faults)
                                .Add("fixable", counts.fixable)
                                .Add("fixed", counts.fixed)
-                               .Add("byBoard", counts.byBoard)
+                               .Add("by_board", counts.byBoard)
                                .Add("disputed", counts.disputed)
                                .Add("stopped", counts.bStopped)
                                .Add("ms", elapsed)

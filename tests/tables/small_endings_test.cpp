@@ -9,7 +9,6 @@
 
 #include "support/random_positions.h"
 #include "support/table_folder.h"
-#include "tables/open_values.h"
 #include "tables/table_positions.h"
 
 namespace tarnwick {

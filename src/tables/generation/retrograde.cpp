@@ -40,10 +40,12 @@ bool IsOpen(std::uint8_t state) {
 }  // namespace
 
 template <typename Element>
-CRetrograde<Element>::CRetrograde(const CTypeNode& node, TGenerationSettings settings)
+CRetrograde<Element>::CRetrograde(const CTypeNode& node, TGenerationSettings settings,
+                                  TBeforePromotions beforePromotions)
     : m_node(node),
       m_type(node.Index()),
       m_settings(std::move(settings)),
+      m_beforePromotions(std::move(beforePromotions)),
       m_white(m_type.GetIndexCount() * sizeof(Element), true),
       m_black(m_type.GetIndexCount(), true) {}
 
@@ -62,7 +64,7 @@ typename CRetrograde<Element>::TEnd CRetrograde<Element>::Run() {
         }
         m_bPrepared = true;
     } else {
-        m_settings.beforePromotions(BlackPromotes);
+        m_beforePromotions(BlackPromotes);
     }
     do {
         if (m_settings.pStop->load()) {
@@ -107,12 +109,12 @@ bool CRetrograde<Element>::Prepare() {
     CPreparedShare share(m_settings,
                          m_type.GetIndexCount() + 4 * WorkOfPromotion * PlacesBeforePromotion());
     for (std::size_t figure = 0; figure < 4 && PlacesBeforePromotion() != 0; ++figure) {
-        m_settings.beforePromotions(figure);
+        m_beforePromotions(figure);
         if (!PreparePromotions(figure, share)) {
             return false;
         }
     }
-    m_settings.beforePromotions(BlackPromotes);
+    m_beforePromotions(BlackPromotes);
     return PrepareAllElse(share);
 }
 

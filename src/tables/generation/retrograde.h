@@ -11,8 +11,8 @@
 //
 // Moves that leave the type (captures, promotions) and captures en passant are looked up in the tables of
 // the other types: White's once at the start, one figure of promotion after another, as an upper bound that
-// waits in the table until its pass comes; Black's at the start, since one reply that saves him settles the position, and again when no
-// other reply is open, since the longest mate counts.
+// waits in the table until its pass comes; Black's at the start, since one reply that saves him settles the
+// position, and again when no other reply is open, since the longest mate counts.
 //
 // Like men are computed in one order, and the other orders are copied at the end.
 
@@ -44,10 +44,11 @@ struct TGenerationSettings {
     int threads = 1;
     const std::atomic<bool>* pStop = nullptr;  ///< Not null.
     std::function<void(const TGenerationProgress&)> report = [](const TGenerationProgress&) {};
-    /// Called before the promotions of a step are looked up, no other thread being at work: which figure White
-    /// promotes to, as its place in PromotionTypes, or BlackPromotes.
-    std::function<void(std::size_t)> beforePromotions = [](std::size_t) {};
 };
+
+/// Called before the promotions of a step are looked up, no other thread being at work: which figure White
+/// promotes to, as its place in PromotionTypes, or BlackPromotes.
+using TBeforePromotions = std::function<void(std::size_t step)>;
 
 /// Element: std::uint8_t for mates of at most 253 moves, std::uint16_t for any.
 template <typename Element>
@@ -57,7 +58,9 @@ class CRetrograde {
     static constexpr Element Unset = static_cast<Element>(~Element{0});
 
     /// Throws std::bad_alloc when the table and its companion do not fit into memory.
-    CRetrograde(const CTypeNode& node, TGenerationSettings settings);
+    CRetrograde(
+        const CTypeNode& node, TGenerationSettings settings,
+        TBeforePromotions beforePromotions = [](std::size_t) {});
 
     enum class TEnd : std::uint8_t {
         Complete,
@@ -135,6 +138,7 @@ class CRetrograde {
     const CTypeNode& m_node;
     const CTableIndex& m_type;
     TGenerationSettings m_settings;
+    TBeforePromotions m_beforePromotions;
     CPageMemory
         m_white;  ///< Element by index: moves to mate, Unset, 0 where no such position arises.
     CPageMemory m_black;  ///< Byte by index: see the states in the source.

@@ -133,11 +133,10 @@ TMadeTable CTableFactory::Make(const TPlannedTable& planned) {
     const std::uint64_t budget = BudgetForOtherTables(node.Index().GetIndexCount(), 1);
     m_budget = std::min(budget / 2, graph.BytesOfSmallerTables());
     CPromotionSlices slices(graph, budget - m_budget, m_settings.threads);
-    TGenerationSettings settings = m_settings;
-    settings.beforePromotions = [&](std::size_t step) { slices.Hold(step); };
-    TMadeTable made = MakeWith<std::uint8_t>(planned, node, settings);
+    const auto holdSlices = [&](std::size_t step) { slices.Hold(step); };
+    TMadeTable made = MakeWith<std::uint8_t>(planned, node, holdSlices);
     if (made.path.empty()) {
-        made = MakeWith<std::uint16_t>(planned, node, settings);
+        made = MakeWith<std::uint16_t>(planned, node, holdSlices);
     }
     m_values.clear();
     return made;
@@ -146,11 +145,11 @@ TMadeTable CTableFactory::Make(const TPlannedTable& planned) {
 /// A table without a path needs wider elements.
 template <typename Element>
 TMadeTable CTableFactory::MakeWith(const TPlannedTable& planned, const CTypeNode& node,
-                                   const TGenerationSettings& settings) {
+                                   const TBeforePromotions& beforePromotions) {
     const CTableIndex& index = node.Index();
     const auto path = PathOf(planned.type);
     const auto unfinished = UnfinishedPathOf(path);
-    CRetrograde<Element> retrograde(node, settings);
+    CRetrograde<Element> retrograde(node, m_settings, beforePromotions);
     if (planned.bGoesOn) {
         LoadUnfinished(unfinished, planned.type, retrograde);
     }

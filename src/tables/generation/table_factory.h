@@ -49,7 +49,7 @@ class CTableFactory {
   private:
     template <typename Element>
     TMadeTable MakeWith(const TPlannedTable& planned, const CTypeNode& node,
-                        const TGenerationSettings& settings);
+                        const TBeforePromotions& beforePromotions);
     /// bWhole: in memory, as far as the budget goes.
     std::shared_ptr<CTableValues> ValuesOf(const std::string& type, bool bWhole);
     std::shared_ptr<CTableValues> MakeInMemory(const std::string& type);

@@ -67,12 +67,11 @@ class CTypeNode {
             promoted == NoMan ? 0 : 1 + static_cast<std::size_t>(promoted) * 4 + figure;
         return static_cast<std::size_t>(captured + 1) * promotions + promotion;
     }
+    const CTableValues& Values() const;
 
     CTableIndex m_index;
     std::vector<TTypeLink> m_links;
     const TTableFinder& m_finder;
-    const CTableValues& Values() const;
-
     mutable std::once_flag m_found;
     mutable std::shared_ptr<CTableValues> m_pValues;  ///< From the first question on.
     std::vector<std::unique_ptr<CEdgeSlice>> m_slices;
