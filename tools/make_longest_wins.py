@@ -4,8 +4,8 @@
 Usage: make_longest_wins.py PATH/TO/tarnwick-cli FOLDER, the folder holding the complete tables
 (tarnwick-cli tables generate --men 4 --with-dependencies --data FOLDER).
 
-Out of the positions with the longest mate the first one with a single key is taken, else the first. What the
-engine does not find by itself in ten seconds asks for its table by "Requires".
+Out of the positions with the longest mate the first one with the fewest keys is taken. What the engine does
+not find by itself in ten seconds asks for its table by "Requires".
 """
 
 import json
@@ -15,7 +15,7 @@ import sys
 
 TARGET = pathlib.Path(__file__).resolve().parent.parent / "problems" / "longest_wins.cp"
 NAMES = {"Q": "queen", "R": "rook", "B": "bishop", "N": "knight", "P": "pawn"}
-TRIED = 40  # positions in search of a single key
+TRIED = 40  # positions of each type at most
 
 
 def rows(*arguments):
@@ -43,6 +43,8 @@ def problem(cli, data, kind):
         return None
     for position in positions:
         position["keys"] = solved(cli, position, "--all", "--data", data)["keys"]
+        if not position["keys"]:
+            sys.exit(f"{position['fen']}: solve --data finds no key; are the tables complete?")
     return min(positions, key=lambda p: len(p["keys"]))
 
 
