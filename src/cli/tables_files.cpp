@@ -86,7 +86,7 @@ TExitStatus RunTablesVerify(const TTablesArguments& arguments, TConsole& console
         options.repair = arguments.bFix ? TRepair::Yes : TRepair::No;
         options.bBoardRules = arguments.bBoardRules;
         options.threads = ThreadsOf(arguments);
-        options.pStop = &stop.Flag();
+        options.pControl = &stop.Control();
         const std::int64_t startMs = NowMs();
         const TVerifyCounts counts = CTableVerifier(folders, console.dialog, options).Verify(type);
         const auto elapsed = static_cast<std::uint64_t>(NowMs() - startMs);

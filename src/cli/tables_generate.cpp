@@ -76,7 +76,7 @@ TExitStatus RunTablesGenerate(const TTablesArguments& arguments, TConsole& conso
     std::int64_t shownMs = 0;
     TGenerationSettings settings;
     settings.threads = ThreadsOf(arguments);
-    settings.pStop = &stop.Flag();
+    settings.pControl = &stop.Control();
     settings.report = [&](const TGenerationProgress& progress) {
         const std::int64_t now = NowMs();
         if (now - shownMs >= 100) {

@@ -107,7 +107,7 @@ CStopFlag::CStopFlag()
     : m_watcher([this](const std::stop_token& end) {
           while (!end.stop_requested()) {
               if (StopRequested()) {
-                  m_bStop = true;
+                  m_control.Stop();
               }
               std::this_thread::sleep_for(std::chrono::milliseconds(50));
           }

@@ -2,7 +2,6 @@
 // What the commands of `tables` share.
 
 #include <array>
-#include <atomic>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -11,6 +10,7 @@
 
 #include "cli/tables_command.h"
 #include "tables/open_values.h"
+#include "tables/run_control.h"
 #include "tables/table_files.h"
 
 namespace tarnwick {
@@ -48,14 +48,14 @@ std::optional<TChessboard> BoardOfIndex(const CTableIndex& index, std::uint64_t 
 /// "1.2 MB", "384 KB".
 std::string BytesText(std::uint64_t bytes);
 
-/// Becomes true soon after Ctrl-C.
+/// Stops soon after Ctrl-C.
 class CStopFlag {
   public:
     CStopFlag();
-    const std::atomic<bool>& Flag() const { return m_bStop; }
+    const CRunControl& Control() const { return m_control; }
 
   private:
-    std::atomic<bool> m_bStop{false};
+    CRunControl m_control;
     std::jthread m_watcher;
 };
 

@@ -55,9 +55,67 @@ inline constexpr TUserText DisputedTableText = {
     "Внутрішня помилка: швидка перевірка таблиці %s вважає хибними %s позицій, а правила гри їх "
     "підтверджують. Перевірте таблицю самими правилами гри й повідомте про цю помилку."};
 
+/// Faults, fixable, fixed.
+inline constexpr TUserText VerifyCountsText = {
+    "(błędy: %s, do naprawy: %s, naprawione: %s)", "(%s fault(s) found, %s fixable, %s fixed)",
+    "(помилок: %s, можна виправити: %s, виправлено: %s)"};
+inline constexpr TUserText VerifyCompleteText = {"Koniec ", "Complete ", "Завершено "};
+inline constexpr TUserText VerifyCancelledText = {"Przerwano", "Cancelled", "Скасовано"};
+inline constexpr TUserText MaxMateOfPartialText = {
+    "Najdłuższy mat w częściowo wygenerowanym pliku to #%s",
+    "Max. mate in the partially generated file is #%s",
+    "Найдовший мат у частково згенерованому файлі - #%s"};
+inline constexpr TUserText AskSecondPassText = {
+    "Niepusty plik dziennika %s już istnieje\nCzy zastosować poprawki drugiego przebiegu?",
+    "Unempty log file %s already exists\nApply second-pass fixes to data?",
+    "Непорожній файл журналу %s вже існує\nЗастосувати виправлення другого проходу?"};
+inline constexpr TUserText AskTryFixText = {"Wykryto błąd. Czy spróbować naprawić?",
+                                            "Error encountered. Try fix?",
+                                            "Виявлено помилку. Спробувати виправити?"};
+inline constexpr TUserText CannotUpdateTableText = {
+    "Nie można otworzyć pliku %s do zapisu.\nWykryte błędy nie zostaną naprawione.",
+    "Cannot open file %s for update.\nAny detected incoherencies will not be fixed.",
+    "Не вдалося відкрити файл %s для запису.\nВиявлені помилки не буде виправлено."};
+
+inline constexpr TUserText VerificationStartsText = {
+    "Początek sprawdzania danych prekalkulowanych dla typu pozycji %s",
+    "Starting verification of precalculated data for position type %s",
+    "Початок перевірки попередньо обчислених даних для типу позиції %s"};
+/// Type, how it ended.
+inline constexpr TUserText VerificationOfTypeText = {
+    "Sprawdzanie danych prekalkulowanych dla typu pozycji %s %s",
+    "Verification of precalculated data for position type %s %s",
+    "Перевірка попередньо обчислених даних для типу позиції %s %s"};
+inline constexpr TUserText VerificationAllRightText = {
+    "zakończone - wszystko w porządku", "complete - all OK", "завершена - усе гаразд"};
+inline constexpr TUserText VerificationFaultsText = {"zakończone: wykryte błędy: %s",
+                                                     "complete: %s failure(s) detected",
+                                                     "завершена: виявлено помилок: %s"};
+inline constexpr TUserText VerificationStoppedText = {
+    "przerwane przez użytkownika", "but stopped by user.", "зупинена користувачем."};
+inline constexpr TUserText VerificationFailedText = {"nie udało się: %s", "failed: %s",
+                                                     "не вдалася: %s"};
+/// Men, with pawns or without, types.
+inline constexpr TUserText MissingTypesText = {
+    "Lista brakujących danych prekalkulowanych dla pozycji z %s bierkami %s:\n%s",
+    "List of missing precalculated data for positions with %s pieces %s:\n%s",
+    "Список відсутніх попередньо обчислених даних для позицій з %s фігурами %s:\n%s"};
+inline constexpr TUserText WithPawnsText = {"z pionami", "with pawns", "з пішаками"};
+inline constexpr TUserText WithoutPawnsText = {"bez pionów", "without pawns", "без пішаків"};
+inline constexpr TUserText AskMorePiecesText = {
+    "\n\nCzy szukać brakujących danych dla pozycji z większą liczbą bierek?",
+    "\n\nShould program look for missing precalculated data for positions with more pieces?",
+    "\n\nЧи шукати відсутні дані для позицій з більшою кількістю фігур?"};
+
 inline constexpr const TUserText* AllTablesTexts[] = {
-    &NoPositionTypeText, &MissingTableText,     &PartialTableText,
-    &OtherFormTableText, &DamagedTableText,     &NoMemoryForTableText,
-    &TooLongMateText,    &SecondPassExistsText, &DisputedTableText};
+    &NoPositionTypeText,       &MissingTableText,       &PartialTableText,
+    &OtherFormTableText,       &DamagedTableText,       &NoMemoryForTableText,
+    &TooLongMateText,          &SecondPassExistsText,   &DisputedTableText,
+    &VerifyCountsText,         &VerifyCompleteText,     &VerifyCancelledText,
+    &MaxMateOfPartialText,     &AskSecondPassText,      &AskTryFixText,
+    &CannotUpdateTableText,    &VerificationStartsText, &VerificationOfTypeText,
+    &VerificationAllRightText, &VerificationFaultsText, &VerificationStoppedText,
+    &VerificationFailedText,   &MissingTypesText,       &WithPawnsText,
+    &WithoutPawnsText,         &AskMorePiecesText};
 
 }  // namespace tarnwick

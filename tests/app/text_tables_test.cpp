@@ -27,12 +27,14 @@
 #include "app/shell/shell_texts.h"
 #include "app/shell/window_texts.h"
 #include "app/solving/solving_texts.h"
+#include "app/tables/table_tasks_texts.h"
 #include "app/view/view_texts.h"
 #include "diagram/picture_texts.h"
 #include "diagram/recognition_texts.h"
 #include "problems/export_texts.h"
 #include "tables/register/register_texts.h"
 #include "tables/table_file_texts.h"
+#include "tables/tables_texts.h"
 
 namespace tarnwick {
 namespace {
@@ -60,6 +62,8 @@ const TTextTable Tables[] = {
     {"tooltips", AllTooltipTexts},
     {"export", AllExportTexts},
     {"pictures", AllPictureTexts},
+    {"table tasks", AllTableTasksTexts},
+    {"tables", AllTablesTexts},
     {"view", AllViewTexts},
     {"window", AllWindowTexts},
 };

@@ -44,7 +44,7 @@ TEST(Drop, OpensProblemFilesAfterTheQuestionAboutChanges) {
     EXPECT_EQ(test.Placement(), FirstPlacement);
 
     test.pWindow->Run(TCommand::NewProblem);
-    test.dialog.m_saveAnswer = TSaveAnswer::Cancel;
+    test.dialog.m_yesNoOrCancel = std::nullopt;
     EXPECT_TRUE(DropFile(test, "two.cp", "UTF-8\n5 #2\n{\n\tFEN: k7/8/1K6/8/8/8/8/4Q3\n}\n"));
     EXPECT_EQ(document.Path().filename(), "three.EPD");
     EXPECT_FALSE(test.dialog.m_told.empty());

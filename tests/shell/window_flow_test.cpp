@@ -211,10 +211,10 @@ TEST(WindowFlow, ClosingWithUnsavedChangesCanBeCancelled) {
     TTestWindow test;
     test.Open(SampleFile);
     test.pWindow->Run(TCommand::NewProblem);
-    test.dialog.m_saveAnswer = TSaveAnswer::Cancel;
+    test.dialog.m_yesNoOrCancel = std::nullopt;
     EXPECT_FALSE(test.pWindow->close());
     EXPECT_TRUE(test.pWindow->isVisible());
-    test.dialog.m_saveAnswer = TSaveAnswer::Discard;
+    test.dialog.m_yesNoOrCancel = false;
     EXPECT_TRUE(test.pWindow->close());
 }
 

@@ -9,6 +9,7 @@
 #include <iostream>
 
 #include "app/document/variants.h"
+#include "chess/fen.h"
 #include "chess/legal_moves.h"
 #include "window_support.h"
 
@@ -137,6 +138,42 @@ void TakeSetup(const CPictures& pictures) {
     test.pWindow->Run(TCommand::English);
 }
 
+void PutPosition(TTestWindow& test, const std::string& fen, int nMoves) {
+    TChessboard board = EmptyChessboard();
+    bool bIgnored = false;
+    ReadFen(board, fen, bIgnored, bIgnored);
+    TNewPosition position{.fields = {}, .nMoves = nMoves};
+    std::ranges::copy(board.m_fields, position.fields.begin());
+    test.pWindow->Setup().GiveToProblem(position);
+}
+
+void WaitForTables(TTestWindow& test) {
+    if (!QTest::qWaitFor([&] { return !test.Workbench().State().bTableRun; }, 120'000)) {
+        std::cerr << "the work on tables does not end\n";
+    }
+    QTest::qWait(200);
+}
+
+/// A table in the making, and the longest mates of one that is made.
+void TakeTables(const CPictures& pictures) {
+    TTestWindow test;
+    test.Open(SampleFile);
+    PutPosition(test, "8/8/8/3k4/8/2B5/1R5r/K7 w - - 0 1", 65);
+    test.pWindow->Run(TCommand::GenerateTable);
+    QTest::qWait(5000);
+    pictures.Save(*test.pWindow, "running_generation");
+    test.pWindow->Run(TCommand::StopSolving);
+    WaitForTables(test);
+    PutPosition(test, "8/8/8/3k4/8/8/1R6/K7 w - - 0 1", 16);
+    test.pWindow->Run(TCommand::ShowMaxMate);
+    WaitForTables(test);
+    pictures.Save(*test.pWindow, "longest_mate");
+    QMenu* const pMenu = test.pWindow->menuBar()->actions().at(5)->menu();
+    pMenu->popup(test.pWindow->mapToGlobal(QPoint(20, 20)));
+    pictures.Save(*pMenu, "menu_advanced");
+    pMenu->close();
+}
+
 /// The menus of a language, each open.
 void TakeMenus(const CPictures& pictures, TCommand language, const std::string& name) {
     TTestWindow test;
@@ -174,6 +211,7 @@ int main(int argc, char** argv) {
     tarnwick::TakeSolve(pictures);
     tarnwick::TakeDark(pictures);
     tarnwick::TakeSetup(pictures);
+    tarnwick::TakeTables(pictures);
     tarnwick::TakeMenus(pictures, tarnwick::TCommand::Polish, "polish");
     tarnwick::TakeMenus(pictures, tarnwick::TCommand::Ukrainian, "ukrainian");
     return 0;

@@ -29,9 +29,9 @@ class CScriptedWindowDialog : public CWindowDialog {
                   TEscape /*escape*/) override {
         answer(Ask(text));
     }
-    TSaveAnswer AskToSave(std::string_view text) override {
+    std::optional<bool> AskOrCancel(std::string_view text) override {
         Tell(text);
-        return m_saveAnswer;
+        return m_yesNoOrCancel;
     }
     std::optional<std::filesystem::path> ChooseFile(
         const TUserText& /*title*/, TFileUse /*use*/,
@@ -41,7 +41,7 @@ class CScriptedWindowDialog : public CWindowDialog {
     bool IsAsking() const override { return false; }
 
     bool m_bYes = true;
-    TSaveAnswer m_saveAnswer = TSaveAnswer::Discard;
+    std::optional<bool> m_yesNoOrCancel = false;
     std::optional<std::filesystem::path> m_file;
     std::vector<std::string> m_told;
 };

@@ -2,7 +2,6 @@
 
 // A folder with tables that the test itself has generated, in whatever form it wants them.
 
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
@@ -28,10 +27,9 @@ class CTableFolder {
     /// The same, later.
     void MakeTables(const std::vector<std::string>& types) const {
         const CTableFolders folders(m_folder.Path(), {});
-        const std::atomic<bool> bNever{false};
         TGenerationSettings settings;
         settings.threads = 2;
-        settings.pStop = &bNever;
+        settings.pControl = &NeverStopped;
         CTableFactory factory(folders, settings);
         for (const std::string& type : types) {
             for (const TPlannedTable& planned : factory.Plan({type}, true, false)) {

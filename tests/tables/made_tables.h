@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -14,8 +13,6 @@
 #include "tables/verification/table_verifier.h"
 
 namespace tarnwick {
-
-inline const std::atomic<bool> NeverStopped{false};
 
 /// Tells nothing and says no.
 class CSilentDialog final : public TUserDialog {
@@ -28,7 +25,7 @@ class CSilentDialog final : public TUserDialog {
 inline TGenerationSettings TwoThreads() {
     TGenerationSettings settings;
     settings.threads = 2;
-    settings.pStop = &NeverStopped;
+    settings.pControl = &NeverStopped;
     return settings;
 }
 
@@ -53,7 +50,7 @@ inline TVerifyCounts Verify(const CTableFolders& folders, const std::string& typ
     CSilentDialog dialog;
     options.threads = 2;
     options.logFolder = logs.Path();
-    options.pStop = &NeverStopped;
+    options.pControl = &NeverStopped;
     return CTableVerifier(folders, dialog, options).Verify(type);
 }
 

@@ -92,19 +92,20 @@ TEST(TableGeneration, GoesOnAfterEveryStop) {
     const CTableFolders folders(parts.Path(), {});
     MakeAll(folders, "Q");
     MakeAll(folders, "R");
-    std::atomic<bool> stop{false};
     TGenerationSettings settings = TwoThreads();
-    settings.pStop = &stop;
     int stops = 0;
-    settings.report = [&](const TGenerationProgress& progress) {
-        stop = progress.bPreparing ? stops == 0 : progress.pass % 3 == 0;
-    };
     const CTempFolder logs;
     TVerifyOptions partial;
     partial.bPartial = true;
     TMadeTable made;
     for (; !made.bComplete && stops < 15; ++stops) {
-        stop = false;
+        CRunControl control;
+        settings.pControl = &control;
+        settings.report = [&](const TGenerationProgress& progress) {
+            if (progress.bPreparing ? stops == 0 : progress.pass % 3 == 0) {
+                control.Stop();
+            }
+        };
         CTableFactory factory(folders, settings);
         const auto plan = factory.Plan({"P"}, true, false);
         ASSERT_EQ(plan.size(), 1U);
@@ -128,10 +129,14 @@ TEST(TableGeneration, GoesOnAfterEveryStop) {
 TEST(TableGeneration, BeginsAnewFromADamagedStop) {
     const CTempFolder folder;
     const CTableFolders folders(folder.Path(), {});
-    std::atomic<bool> stop{false};
+    CRunControl control;
     TGenerationSettings settings = TwoThreads();
-    settings.pStop = &stop;
-    settings.report = [&](const TGenerationProgress& progress) { stop = progress.pass == 5; };
+    settings.pControl = &control;
+    settings.report = [&](const TGenerationProgress& progress) {
+        if (progress.pass == 5) {
+            control.Stop();
+        }
+    };
     const auto made = CTableFactory(folders, settings).Make({"Q", 0, 0, false});
     ASSERT_FALSE(made.bComplete);
     const auto path = UnfinishedPathOf(made.path);

@@ -273,7 +273,7 @@ TEST(TableVerification, TellsWhenItsRulesDisagree) {
     const CTempFolder logs;
     TVerifyOptions options;
     options.logFolder = logs.Path();
-    options.pStop = &NeverStopped;
+    options.pControl = &NeverStopped;
     const TVerifyCounts counts = CTableVerifier(folders, dialog, options).Verify("P");
     EXPECT_EQ(counts.faults, 0U);
     EXPECT_GT(counts.disputed, 0U);

@@ -11,6 +11,7 @@
 #include "app/commands/commands_texts.h"
 #include "app/document/play_texts.h"
 #include "app/setup/setup_texts.h"
+#include "app/tables/table_tasks_texts.h"
 
 namespace tarnwick {
 namespace {
@@ -49,7 +50,8 @@ enum TCondition : std::uint32_t {
     Animating = 1U << 27,
     TypeFromFile = 1U << 28,  // never holds: nobody may change the type
     PositionFree = 1U << 29,  // EngineFree for what changes the position itself
-    NotSaving = 1U << 30      // the file
+    NotSaving = 1U << 30,     // the file
+    TablesFree = 1U << 31
 };
 
 struct TConditionRow {
@@ -66,11 +68,13 @@ const TConditionRow Conditions[] = {
     {PositionFree, [](const TWindowState& s) { return !s.bSolving && !s.bAnalysing; },
      CannotModifyText},
     {NoBatch, [](const TWindowState& s) { return !s.bBatch; }, BatchIsPendingText},
+    {TablesFree, [](const TWindowState& s) { return !s.bTableRun; }, TableRunPendingText},
     {NotSetting, [](const TWindowState& s) { return !s.bPositionSetting; }, PositionIsSetText},
     {SettingPosition, [](const TWindowState& s) { return s.bPositionSetting; },
      OnlyWhenSettingText},
     {NotAnimating, [](const TWindowState& s) { return !s.bAnimating; }, AnimationText},
-    {Solving, [](const TWindowState& s) { return s.bSolving || s.bAnalysing || s.bBatch; },
+    {Solving,
+     [](const TWindowState& s) { return s.bSolving || s.bAnalysing || s.bBatch || s.bTableRun; },
      NothingIsSolvedText},
     {Running, [](const TWindowState& s) { return !s.bPaused; }, IsPausedText},
     {Paused, [](const TWindowState& s) { return s.bPaused; }, IsNotPausedText},
@@ -103,7 +107,7 @@ constexpr std::uint32_t Browse = Ready | NoBatch | NotSetting;
 constexpr std::uint32_t Edit = ChangeFile | NotAnimating | AnyProblem;
 constexpr std::uint32_t Look = Ready | AnyProblem;
 constexpr std::uint32_t Step = Look | NotSetting;
-constexpr std::uint32_t StartEngine = ChangeFile | NotAnimating | AnyProblem;
+constexpr std::uint32_t StartEngine = ChangeFile | NotAnimating | AnyProblem | TablesFree;
 constexpr std::uint32_t Find = Ready | EngineFree | NoBatch;
 constexpr std::uint32_t Undo = Find | NotSaving | NotAnimating;
 constexpr std::uint32_t SetMen = Ready | NotSaving | PositionFree | NoBatch;
@@ -167,7 +171,7 @@ constexpr TNeedsRow Needs[] = {
     {DisplayPositionId, Look}, {RegressionTest, ChangeFile | NotAnimating | AnyProblem},
     {QuickRegressionTest, ChangeFile | NotAnimating | AnyProblem}, {GlobalRegisterStatus, Ready},
     {VerifyAllTables, StartEngine}, {ResumeVerification, StartEngine}, {ShowMaxMate, StartEngine},
-    {ShowPreviousMaxMate, StartEngine}, {InformationAboutPosition, Look},
+    {ShowPreviousMaxMate, StartEngine}, {InformationAboutPosition, Look | NotSetting | TablesFree},
     {PastePositionByIndex, StartEngine}, {PreviousPositionOfType, StartEngine},
     {NextPositionOfType, StartEngine}, {VerifyTable, StartEngine},
     {VerifyPartialTable, StartEngine}, {GenerateTable, StartEngine}, {CheckFenCodes, ChangeFile},

@@ -22,8 +22,9 @@ struct TWindowState {
     bool bSaving = false;           ///< Its problems are being written to the file.
     bool bSolving = false;          ///< A solve runs or is paused.
     bool bAnalysing = false;        ///< Black's best defence is looked for.
-    bool bPaused = false;           ///< The solve waits; some of its threads may.
+    bool bPaused = false;           ///< The solve waits, some of its threads may; or the table run.
     bool bBatch = false;            ///< A run through the whole file.
+    bool bTableRun = false;         ///< A command on tables is at work behind the window.
     bool bPositionSetting = false;  ///< The board is being set up.
     bool bAnimating = false;        ///< A variant plays itself.
     int nThreads = 0;               ///< Of the solve that runs.

@@ -29,11 +29,7 @@ constexpr TCommand NotBuiltYet[] = {
     SaveTemporaryRegister, SaveTemporaryRegisterAs, ReadTemporaryRegister,
     ReadTemporaryRegisterFrom, ClearTemporaryRegister,
     // Runs through a whole file
-    RegressionTest, QuickRegressionTest,
-    // Tables of few men
-    GlobalRegisterStatus, VerifyAllTables, ResumeVerification, ShowMaxMate, ShowPreviousMaxMate,
-    InformationAboutPosition, PastePositionByIndex, PreviousPositionOfType, NextPositionOfType,
-    VerifyTable, VerifyPartialTable, GenerateTable};
+    RegressionTest, QuickRegressionTest};
 
 constexpr TMenuItem Line{};
 constexpr TMenuItem Item(TCommand command) {

@@ -104,8 +104,9 @@ void CBottomBar::PressButton(TBarButton button, TCommand command, const TPress& 
 void CBottomBar::ShowState(const TWindowState& state) {
     m_state = state;
     const TCommand start = CommandForSideToMove(TCommand::Solve, state);
-    m_pStart->SetPicture(state.bSolving ? "stop" : "start");
-    m_pStart->ShowState(StateOfCommand(state.bSolving ? TCommand::StopSolving : start, state));
+    const bool bStop = state.bSolving || state.bTableRun;
+    m_pStart->SetPicture(bStop ? "stop" : "start");
+    m_pStart->ShowState(StateOfCommand(bStop ? TCommand::StopSolving : start, state));
     for (const TButtonRow& row : ButtonRows) {
         if (row.command != TCommand::None) {
             Button(row.button)->ShowState(StateOfCommand(row.command, state));
@@ -113,7 +114,7 @@ void CBottomBar::ShowState(const TWindowState& state) {
     }
     // Its right click shows variants also where no moves can be saved as one.
     Button(TBarButton::Variant)->setEnabled(!state.bInitialising);
-    m_pStart->SetTexts(PlainText(*TextOfCommand(state.bSolving ? TCommand::StopSolving : start)),
+    m_pStart->SetTexts(PlainText(*TextOfCommand(bStop ? TCommand::StopSolving : start)),
                        ShownText(StartTooltip));
 }
 

@@ -12,6 +12,13 @@ void CCommandDispatcher::Add(TCommand command, TAction action) {
     m_actions.insert_or_assign(command, std::move(action));
 }
 
+void CCommandDispatcher::AddToo(TCommand command, TAction action) {
+    Add(command, [first = m_actions.at(command), second = std::move(action)] {
+        first();
+        second();
+    });
+}
+
 void CCommandDispatcher::Run(TCommand wanted) {
     if (m_first) {
         m_first();

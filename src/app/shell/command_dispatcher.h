@@ -18,6 +18,8 @@ class CCommandDispatcher {
 
     using TAction = std::function<void()>;
     void Add(TCommand command, TAction action);
+    /// A further action of a command that has one.
+    void AddToo(TCommand command, TAction action);
     bool Has(TCommand command) const { return m_actions.contains(command); }
     /// Called before each command: what is being typed belongs to the problem that it was typed for.
     void CallFirst(TAction action) { m_first = std::move(action); }

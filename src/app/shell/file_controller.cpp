@@ -88,12 +88,16 @@ void CFileController::AddCommands(CCommandDispatcher& dispatcher) {
 }
 
 TFileHost CFileController::Host() {
-    return {.dialog = m_workbench.Dialog(),
-            .bCommentCompatibilityMode = m_workbench.Options().commentCompatibilityMode,
-            .isSolving = [this] { return m_solving.IsRunning(); },
-            .stopSolving = [this] { m_solving.StopAndForget(); },
-            .askToSave =
-                [this](std::string_view text) { return m_workbench.Dialog().AskToSave(text); }};
+    return {
+        .dialog = m_workbench.Dialog(),
+        .bCommentCompatibilityMode = m_workbench.Options().commentCompatibilityMode,
+        .isSolving = [this] { return m_solving.IsRunning(); },
+        .stopSolving = [this] { m_solving.StopAndForget(); },
+        .askToSave =
+            [this](std::string_view text) {
+                const std::optional<bool> yes = m_workbench.Dialog().AskOrCancel(text);
+                return !yes ? TSaveAnswer::Cancel : *yes ? TSaveAnswer::Save : TSaveAnswer::Discard;
+            }};
 }
 
 // The start.

@@ -37,6 +37,7 @@ CMainWindow::CMainWindow(TProgramSettings settings, CWindowDialog& dialog)
       m_pMoves(new CMovesPanel(m_pTitleBar->parentWidget())),
       m_pSetup(new CSetupPanel(m_pTitleBar->parentWidget())),
       m_pBottomBar(new CBottomBar(m_pTitleBar->parentWidget())),
+      m_tables(m_workbench, m_solving),
       m_solving(m_workbench),
       m_files(m_workbench, m_solving),
       m_playing(m_workbench, *m_pBoard),
@@ -61,6 +62,7 @@ CMainWindow::CMainWindow(TProgramSettings settings, CWindowDialog& dialog)
     ConnectFiles();
     ConnectSolving();
     ConnectSetup();
+    ConnectTables();
     qApp->installEventFilter(this);
     const TColours colours = m_workbench.Options().colours;
     SetDarkColours(colours == TColours::OfDesktop ? IsDarkDesktop() : colours == TColours::Dark);
@@ -81,6 +83,7 @@ CMainWindow::CMainWindow(TProgramSettings settings, CWindowDialog& dialog)
 void CMainWindow::AddCommands() {
     m_files.AddCommands(m_dispatcher);
     m_solving.AddCommands(m_dispatcher);
+    m_tables.AddCommands(m_dispatcher);
     m_playing.AddCommands(m_dispatcher);
     m_variants.AddCommands(m_dispatcher);
     m_problems.AddCommands(m_dispatcher);
@@ -233,8 +236,25 @@ void CMainWindow::ConnectSetup() {
     connect(&m_setup, &CSetupController::movesChanged, this, &CMainWindow::ShowTitle);
 }
 
+void CMainWindow::ConnectTables() {
+    connect(&m_tables, &CTableController::runningChanged, this, [this] {
+        ShowProgress();
+        ShowState();
+    });
+    connect(&m_tables, &CTableController::positionFound, this,
+            [this](const TTablePosition& position) {
+                const TChessProblem* const pProblem = m_workbench.Document().Current();
+                const int nMoves = position.nMoves > 0   ? position.nMoves
+                                   : pProblem != nullptr ? MovesOfStipulation(*pProblem)
+                                                         : 0;
+                if (m_setup.GiveToProblem({*position.fields, nMoves})) {
+                    m_workbench.SetStatus(position.text);
+                }
+            });
+}
+
 void CMainWindow::Tick() {
-    if (m_solving.IsRunning()) {
+    if (m_solving.IsRunning() || m_tables.IsRunning()) {
         ShowProgress();
     }
     if (isActiveWindow()) {
@@ -330,6 +350,7 @@ void CMainWindow::closeEvent(QCloseEvent* pEvent) {
     }
     m_tick.stop();
     m_solving.StopAndForget();
+    m_tables.StopAndForget();
     m_tray.Hide();
     pEvent->accept();
     QCoreApplication::quit();

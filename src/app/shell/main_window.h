@@ -24,6 +24,7 @@
 #include "app/shell/setup_controller.h"
 #include "app/shell/setup_panel.h"
 #include "app/shell/solve_controller.h"
+#include "app/shell/table_controller.h"
 #include "app/shell/title_bar.h"
 #include "app/shell/tray.h"
 #include "app/shell/variant_controller.h"
@@ -69,6 +70,7 @@ class CMainWindow : public QMainWindow {
     void ConnectFiles();
     void ConnectSolving();
     void ConnectSetup();
+    void ConnectTables();
     void AddCommands();
     void AddLinkCommands();
     void PlaceParts();
@@ -102,6 +104,7 @@ class CMainWindow : public QMainWindow {
     CSetupPanel* m_pSetup;  ///< In the place of the two before, while a position is being set up.
     CBottomBar* m_pBottomBar;
 
+    CTableController m_tables;  ///< Before the solves, which use its tables.
     CSolveController m_solving;
     CFileController m_files;
     CPlayController m_playing;

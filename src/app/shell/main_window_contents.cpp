@@ -74,6 +74,8 @@ void CMainWindow::ShowLine() {
 void CMainWindow::ShowProgress() {
     if (m_solving.IsRunning()) {
         m_pProgress->ShowProgress(m_solving.Progress(), m_solving.IsOfShownProblem());
+    } else if (m_tables.IsRunning()) {
+        m_pProgress->ShowText(QString::fromStdString(m_tables.ProgressText()));
     } else {
         m_pProgress->ShowText(QString::fromStdString(m_solving.LastAnswer()));
     }

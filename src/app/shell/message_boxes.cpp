@@ -99,7 +99,7 @@ void CMessageBoxes::AskLater(const std::string& text, std::function<void(bool bY
     OpenAndForget(pBox);
 }
 
-TSaveAnswer CMessageBoxes::AskToSave(std::string_view text) {
+std::optional<bool> CMessageBoxes::AskOrCancel(std::string_view text) {
     const std::unique_ptr<QMessageBox> pBox(NewBox(ShownText(WarningTitle), ToQString(text)));
     pBox->setIcon(QMessageBox::Question);
     const auto* const pYes = pBox->addButton(ShownText(YesText), QMessageBox::YesRole);
@@ -107,9 +107,9 @@ TSaveAnswer CMessageBoxes::AskToSave(std::string_view text) {
     pBox->setEscapeButton(pBox->addButton(ShownText(CancelBoxText), QMessageBox::RejectRole));
     Show(*pBox);
     if (pBox->clickedButton() == pYes) {
-        return TSaveAnswer::Save;
+        return true;
     }
-    return pBox->clickedButton() == pNo ? TSaveAnswer::Discard : TSaveAnswer::Cancel;
+    return pBox->clickedButton() == pNo ? std::optional(false) : std::nullopt;
 }
 
 std::optional<std::filesystem::path> CMessageBoxes::ChooseFile(const TUserText& title, TFileUse use,

@@ -23,7 +23,7 @@ class CMessageBoxes : public QObject, public CWindowDialog {
     void TellLater(const std::string& title, const std::string& text) override;
     void AskLater(const std::string& text, std::function<void(bool bYes)> answer,
                   TEscape escape) override;
-    TSaveAnswer AskToSave(std::string_view text) override;
+    std::optional<bool> AskOrCancel(std::string_view text) override;
     std::optional<std::filesystem::path> ChooseFile(const TUserText& title, TFileUse use,
                                                     const std::filesystem::path& start) override;
     bool IsAsking() const override { return m_nOpen > 0; }

@@ -14,7 +14,8 @@ CNumberButton::CNumberButton(QWidget* pParent) : QAbstractButton(pParent) {
 }
 
 QSize CNumberButton::sizeHint() const {
-    return {fontMetrics().horizontalAdvance(text()) + 8, fontMetrics().height() + 8};
+    // One pixel more than the text and its margins: the advance is rounded, and elision is not.
+    return {fontMetrics().horizontalAdvance(text()) + 9, fontMetrics().height() + 8};
 }
 
 void CNumberButton::paintEvent(QPaintEvent* /*pEvent*/) {

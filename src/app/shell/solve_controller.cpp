@@ -24,19 +24,6 @@ namespace {
 
 constexpr int MaxThreads = 64;
 
-/// No question of theirs is asked: it would come from a thread of the search, in the middle of a solve.
-TTableOptions TablesOf(CWorkbench& workbench) {
-    const TOptions& options = workbench.Options();
-    return {.maxMemRatioForPrecalculatedData = options.maxMemRatioForPrecalculatedData,
-            .useDataPackedForRandomAccess = options.useDataPackedForRandomAccess,
-            .bGlobalRegisterForceDiskAccess = options.globalRegisterForceDiskAccess,
-            .askForGlobalRegisterRecompression = 0,
-            .bAskIfSaveAfterDecompressAllToMem = false,
-            .bKeepExpandedCopies = false,
-            .programFolder = workbench.Folders().data,
-            .precalcPath = std::filesystem::path(options.precalcPath)};
-}
-
 TSolveSettings SettingsOf(CWorkbench& workbench, TPriorityClass priority) {
     const TOptions& options = workbench.Options();
     return {.bQuickMode = options.quickMode,
@@ -48,7 +35,7 @@ TSolveSettings SettingsOf(CWorkbench& workbench, TPriorityClass priority) {
             .bAskAboutThreads = true,
             .memoryPercent = options.maxMemRatioForTempReg,
             .bCheckRegisterCoherency = options.checkTempRegCoherency,
-            .tables = TablesOf(workbench),
+            .pTables = workbench.Tables(),
             .bLogMoves = options.logMoves,
             .bRegisterInfoLog = options.registerInfoLog,
             .bRelaxationLog = options.tryRelaxSpecialHeuristicsLog,
@@ -83,7 +70,7 @@ CSolveController::CSolveController(CWorkbench& workbench)
     connect(&m_flashTimer, &QTimer::timeout, this, &CSolveController::FlashNext);
     m_workbench.AddFacts([this](TWindowState& state) {
         state.bSolving = m_session.IsRunning();
-        state.bPaused = m_session.IsPaused();
+        state.bPaused |= m_session.IsPaused();
         state.nThreads = state.bSolving ? static_cast<int>(m_session.Progress().threads.size()) : 0;
         state.priority = m_priority;
         state.allowedProcessors = AllowedProcessors();
@@ -172,6 +159,10 @@ void CSolveController::Start(bool bAllKeys) {
 void CSolveController::StopAndForget() {
     m_bForget = true;
     m_session.Stop();
+}
+
+std::shared_ptr<CKeptRegister> CSolveController::GiveUpRegister() {
+    return m_session.TakeKept();
 }
 
 void CSolveController::StopOneThread() {

@@ -35,6 +35,8 @@ class CSolveController : public QObject {
     const std::string& LastAnswer() const;
     /// The register of the shown problem, null if there is none.
     const TAggregatedTemporaryChessboardRegister* Register() const;
+    /// For a command that needs the memory; the one who frees it may take long. Not while a solve runs.
+    std::shared_ptr<CKeptRegister> GiveUpRegister();
     void Peek(std::optional<std::uint16_t> thread) { m_session.Peek(thread); }
     const CSolvingIndicator& Indicator() const { return m_indicator; }
     /// The user has the window before him.

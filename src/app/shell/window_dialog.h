@@ -34,7 +34,8 @@ class CWindowDialog : public TUserDialog {
     /// Asks and returns at once; the answer comes on the window's thread.
     virtual void AskLater(const std::string& text, std::function<void(bool bYes)> answer,
                           TEscape escape = TEscape::IsNo) = 0;
-    virtual TSaveAnswer AskToSave(std::string_view text) = 0;
+    /// Yes or no; nothing if the user cancels.
+    virtual std::optional<bool> AskOrCancel(std::string_view text) = 0;
     /// Nothing if the user does not want any file.
     virtual std::optional<std::filesystem::path> ChooseFile(const TUserText& title, TFileUse use,
                                                             const std::filesystem::path& start) = 0;

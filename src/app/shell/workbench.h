@@ -7,6 +7,7 @@
 
 #include <QObject>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "app/commands/command_states.h"
@@ -15,6 +16,7 @@
 #include "app/settings/home_folder.h"
 #include "app/settings/options.h"
 #include "app/shell/window_dialog.h"
+#include "tables/register/global_register_set.h"
 
 namespace tarnwick {
 
@@ -41,6 +43,8 @@ class CWorkbench : public QObject {
     CWindowDialog& Dialog() { return m_dialog; }
     CDocument& Document() { return m_document; }
     CPlayedLine& Line() { return m_line; }
+    /// Tables of few men, for solves and for commands. Replaced by others when their files have changed.
+    std::shared_ptr<TGlobalRegisterSet>& Tables() { return m_pTables; }
 
     /// The document shows another problem, or it was read anew: the line begins again.
     void ShowProblem();
@@ -90,6 +94,7 @@ class CWorkbench : public QObject {
     CWindowDialog& m_dialog;
     CDocument m_document;
     CPlayedLine m_line;
+    std::shared_ptr<TGlobalRegisterSet> m_pTables;
     int m_nCuts = 0;  ///< Moves since the last edit that cut off a part of the line.
     std::vector<TAddFacts> m_facts;
 };

@@ -57,9 +57,7 @@ void CSolveSession::Start(const TChessProblem& problem, const TSolveSettings& se
     m_pTask->m_options = JobOptions(problem, settings, wish);
     m_pTask->m_givenHeuristics = wish.givenHeuristics;
     m_pTask->m_threadPriority = settings.priority;
-    if (settings.tables) {
-        m_pTask->m_pTables = std::make_shared<TGlobalRegisterSet>(*settings.tables);
-    }
+    m_pTask->m_pTables = settings.pTables;
     TakeHintsOfProblem(*m_pTask, problem, settings.bMainVariantHints);
     m_outcome = {};
     m_outcome.options = m_pTask->m_options;
@@ -214,6 +212,11 @@ std::optional<TSolveOutcome> CSolveSession::TakeOutcome() {
 std::shared_ptr<CKeptRegister> CSolveSession::Kept() const {
     const std::lock_guard guard(m_lock);
     return m_pKept;
+}
+
+std::shared_ptr<CKeptRegister> CSolveSession::TakeKept() {
+    const std::lock_guard guard(m_lock);
+    return m_bRunning ? nullptr : std::exchange(m_pKept, nullptr);
 }
 
 // ---- The worker's side

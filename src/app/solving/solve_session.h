@@ -69,6 +69,8 @@ class CSolveSession {
     /// For the next solve of the problem and for questions about its positions; null before the first
     /// solve, and for problems so short that they are solved without.
     std::shared_ptr<CKeptRegister> Kept() const;
+    /// The same, and the session has none any more; null while a solve runs.
+    std::shared_ptr<CKeptRegister> TakeKept();
 
   private:
     void Run();

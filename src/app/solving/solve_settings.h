@@ -18,7 +18,7 @@
 #include "engine/jobs/result_texts.h"
 #include "engine/jobs/start_solving.h"
 #include "problems/chess_problem.h"
-#include "tables/register/table_options.h"
+#include "tables/register/global_register_set.h"
 
 namespace tarnwick {
 
@@ -33,9 +33,7 @@ struct TSolveSettings {
 
     int memoryPercent = 20;  ///< Of the machine's memory, for positions.
     bool bCheckRegisterCoherency = true;
-    /// Tables of few men that the search may ask. Each solve opens them anew, so that it sees those that have
-    /// been made meanwhile.
-    std::optional<TTableOptions> tables;
+    std::shared_ptr<TGlobalRegisterSet> pTables;  ///< That the search may ask; null: none.
 
     bool bLogMoves = false;
     bool bRegisterInfoLog = false;

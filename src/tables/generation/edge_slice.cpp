@@ -10,7 +10,6 @@
 namespace tarnwick {
 namespace {
 
-const std::atomic<bool> NeverStopped{false};
 /// Values that are read at once.
 constexpr std::uint64_t Piece = 1 << 16;
 constexpr std::uint64_t KingPlaces = FieldCount * HalfBoardFields;

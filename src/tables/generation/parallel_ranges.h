@@ -9,20 +9,22 @@
 #include <thread>
 #include <vector>
 
+#include "tables/run_control.h"
+
 namespace tarnwick {
 
 /// Calls work(begin, end) for pieces that together are 0 to count, from `threads` threads; returns when all
-/// is done. After `stop` is set or work has thrown, no further piece begins; the first exception comes out
+/// is done. Once the control says stop or work has thrown, no further piece begins; the first exception comes out
 /// here. False if pieces are missing.
 template <typename TWork>
 bool ForRanges(std::uint64_t count, std::uint64_t pieceSize, int threads,
-               const std::atomic<bool>& stop, const TWork& work) {
+               const CRunControl& control, const TWork& work) {
     std::atomic<std::uint64_t> next{0};
     std::atomic<bool> bFailed{false};
     std::exception_ptr error;
     std::mutex errorLock;
     const auto run = [&] {
-        while (!bFailed.load(std::memory_order_relaxed) && !stop.load(std::memory_order_relaxed)) {
+        while (!bFailed.load(std::memory_order_relaxed) && control.MayGoOn()) {
             const std::uint64_t begin = next.fetch_add(pieceSize, std::memory_order_relaxed);
             if (begin >= count) {
                 return;
@@ -47,7 +49,7 @@ bool ForRanges(std::uint64_t count, std::uint64_t pieceSize, int threads,
     if (error) {
         std::rethrow_exception(error);
     }
-    return next.load() >= count && !stop.load();
+    return next.load() >= count && !control.IsStopped();
 }
 
 }  // namespace tarnwick

@@ -52,7 +52,7 @@ CRetrograde<Element>::CRetrograde(const CTypeNode& node, TGenerationSettings set
 template <typename Element>
 bool CRetrograde<Element>::ForAll(std::uint64_t pieceSize,
                                   const std::function<void(std::uint64_t, std::uint64_t)>& work) {
-    return ForRanges(m_type.GetIndexCount(), pieceSize, m_settings.threads, *m_settings.pStop,
+    return ForRanges(m_type.GetIndexCount(), pieceSize, m_settings.threads, *m_settings.pControl,
                      work);
 }
 
@@ -67,7 +67,7 @@ typename CRetrograde<Element>::TEnd CRetrograde<Element>::Run() {
         m_beforePromotions(BlackPromotes);
     }
     do {
-        if (m_settings.pStop->load()) {
+        if (!m_settings.pControl->MayGoOn()) {
             return TEnd::Stopped;
         }
         if (m_nPass + 1 == Unset - 1U) {
@@ -146,7 +146,7 @@ bool CRetrograde<Element>::PreparePromotions(std::size_t figure, CPreparedShare&
         const std::uint64_t first = stride == 0 ? 0 : (SeventhRank - FirstPawnField) * stride;
         const std::uint64_t places = m_type.GetIndexCount() / cycle * run;
         bDone = ForRanges(places, PreparePiece / WorkOfPromotion, m_settings.threads,
-                          *m_settings.pStop, [&](std::uint64_t begin, std::uint64_t end) {
+                          *m_settings.pControl, [&](std::uint64_t begin, std::uint64_t end) {
                               for (std::uint64_t i = begin; i < end; ++i) {
                                   PreparePromotion(i / run * cycle + first + i % run, pawn, figure);
                               }
@@ -325,7 +325,6 @@ void CRetrograde<Element>::SetLost(std::uint64_t index, unsigned moves) {
 
 template <typename Element>
 bool CRetrograde<Element>::Pass() {
-    static const std::atomic<bool> NeverStopped{false};
     const std::uint64_t count = m_type.GetIndexCount();
     ++m_nPass;
     m_bMoved = false;
@@ -547,7 +546,6 @@ template <typename Element>
 CPageMemory CRetrograde<Element>::TakeTable() {
     const bool bComplete = m_bPrepared && !m_bMoved && m_nPass >= m_nLastWaiting && m_nPass > 0;
     m_black.Reset();
-    static const std::atomic<bool> NeverStopped{false};
     ForRanges(m_type.GetIndexCount(), ScanPiece, m_settings.threads, NeverStopped,
               [&](std::uint64_t begin, std::uint64_t end) {
                   for (std::uint64_t index = begin; index < end; ++index) {
@@ -570,7 +568,6 @@ CPageMemory CRetrograde<Element>::TakeTable() {
 
 template <typename Element>
 void CRetrograde<Element>::CopyOrders() {
-    static const std::atomic<bool> NeverStopped{false};
     ForRanges(m_type.GetIndexCount(), ScanPiece, m_settings.threads, NeverStopped,
               [&](std::uint64_t begin, std::uint64_t end) {
                   TTablePlace place;

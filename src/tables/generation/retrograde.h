@@ -26,6 +26,7 @@
 #include "platform/page_memory.h"
 
 #include "tables/generation/type_graph.h"
+#include "tables/run_control.h"
 
 namespace tarnwick {
 
@@ -42,7 +43,7 @@ struct TGenerationProgress {
 
 struct TGenerationSettings {
     int threads = 1;
-    const std::atomic<bool>* pStop = nullptr;  ///< Not null.
+    const CRunControl* pControl = nullptr;  ///< Not null.
     std::function<void(const TGenerationProgress&)> report = [](const TGenerationProgress&) {};
 };
 
@@ -67,7 +68,7 @@ class CRetrograde {
         Stopped,
         NeedsWiderElements,  ///< There is a mate too long for the element.
     };
-    /// Works until the table is complete or the settings' stop is set. After a stop it may be called again
+    /// Works until the table is complete or the settings' control stops it. After a stop it may be called again
     /// and goes on, and so may an object that was loaded from what another one saved.
     TEnd Run();
 

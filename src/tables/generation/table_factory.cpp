@@ -197,14 +197,13 @@ std::shared_ptr<CTableValues> CTableFactory::MakeInMemory(const std::string& typ
     }
     std::shared_ptr<CTableValues>& pValues = m_small[type];
     if (!pValues) {
-        static const std::atomic<bool> NeverStopped{false};
         CTypeGraph graph(type, [this](const std::string& other) {
             const TOpenedValues opened = OpenValues(m_folders, CTableIndex(other), m_budget, true);
             return opened.pValues ? opened.pValues : MakeInMemory(other);
         });
         TGenerationSettings settings;
         settings.threads = 1;  // The other threads of the generation wait for this table.
-        settings.pStop = &NeverStopped;
+        settings.pControl = &NeverStopped;
         CRetrograde<std::uint8_t> retrograde(graph.Root(), settings);
         retrograde.Run();
         pValues = std::make_shared<CMemoryStore>(retrograde.TakeTable(), 1);

@@ -33,6 +33,10 @@ class CMaxMateWalk {
     bool Next(TChessboard& board, TUserDialog& dialog) { return Step(1, board, dialog); }
     bool Previous(TChessboard& board, TUserDialog& dialog) { return Step(-1, board, dialog); }
 
+    /// The type has no mate at all.
+    bool IsEmpty() const { return m_mates.indexes.empty(); }
+    /// The length of the longest mates.
+    int Moves() const { return static_cast<int>(m_mates.moves); }
     /// "#28 (3/17)" for the position shown; empty before the first step.
     std::string Text() const;
     /// Positions passed over because a pawn has moved.

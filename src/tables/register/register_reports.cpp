@@ -57,11 +57,14 @@ std::string PositionInformation(TGlobalRegisterSet& registers, const TChessboard
     if (pRegister == nullptr) {
         return UserText(NoInfoOfTypeText);
     }
-    const std::uint64_t index = pRegister->IndexOfPosition(board);
-    const std::string text = VerdictText(pRegister->PliesAt(index)) +
-                             FilledText(PositionIndexText, {std::to_string(index)});
+    const std::string text = PositionText(*pRegister, pRegister->IndexOfPosition(board));
     registers.ReleaseData(pRegister);
     return text;
+}
+
+std::string PositionText(const TGlobalRegister& subregister, std::uint64_t index) {
+    return VerdictText(subregister.PliesAt(index)) +
+           FilledText(PositionIndexText, {std::to_string(index)});
 }
 
 TRegisterOfBoard RegisterToWalk(TGlobalRegisterSet& registers, const TChessboard& board) {

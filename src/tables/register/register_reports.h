@@ -18,6 +18,9 @@ std::string RegisterStatusText(const TGlobalRegisterSet& registers);
 /// move is that of m_shPlies. May load a table.
 std::string PositionInformation(TGlobalRegisterSet& registers, const TChessboard& board);
 
+/// The same of an index of a register.
+std::string PositionText(const TGlobalRegister& subregister, std::uint64_t index);
+
 /// Why there is no next or previous position of the board's type; empty if there is a register for it, which
 /// must be given back then.
 struct TRegisterOfBoard {

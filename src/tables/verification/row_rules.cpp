@@ -247,7 +247,7 @@ void CRowRules<Element>::KeepReplies(TTypeRows& type) {
 }
 
 template <typename Element>
-bool CRowRules<Element>::Prepare(int threads, const std::atomic<bool>& stop,
+bool CRowRules<Element>::Prepare(int threads, const CRunControl& control,
                                  const std::function<void(double)>& report) {
     double all = 0;
     for (const TTypeRows* pType : m_kept) {
@@ -267,7 +267,7 @@ bool CRowRules<Element>::Prepare(int threads, const std::atomic<bool>& stop,
             }
         };
         pType->bReady = ForRanges(pType->layout.Index().GetIndexCount(), RowsOfPiece * cells,
-                                  threads, stop, computeRows);
+                                  threads, control, computeRows);
         return pType->bReady;
     });
 }

@@ -29,6 +29,7 @@
 #include "platform/page_memory.h"
 
 #include "tables/generation/type_graph.h"
+#include "tables/run_control.h"
 #include "tables/verification/expected_plies.h"
 #include "tables/verification/row_layout.h"
 
@@ -68,7 +69,7 @@ class CRowRules {
     const CRowLayout& Layout() const { return m_pRoot->layout; }
     /// Computes and keeps the Replies of the table, and first those of the types that White's captures
     /// lead to. False after a stop. report gets the share that is done, 0 to 1, on the calling thread.
-    bool Prepare(int threads, const std::atomic<bool>& stop,
+    bool Prepare(int threads, const CRunControl& control,
                  const std::function<void(double)>& report);
     /// Whether like men's orders hold the same values; after Prepare.
     bool DoOrdersAgree() const { return m_bOrdersAgree; }

@@ -14,9 +14,9 @@ class CElementScreen final : public CTableScreen {
     CElementScreen(const CTypeNode& root, const TTypeLookup& lookup) : m_rules(root, lookup) {}
 
     bool IsUsable() const { return m_rules.IsUsable(); }
-    bool Prepare(int threads, const std::atomic<bool>& stop,
+    bool Prepare(int threads, const CRunControl& control,
                  const std::function<void(double)>& report) override {
-        return m_rules.Prepare(threads, stop, report);
+        return m_rules.Prepare(threads, control, report);
     }
     bool IsOfOneMind() const override { return m_rules.DoOrdersAgree(); }
     std::uint64_t RowCells() const override { return m_rules.Layout().Cells(); }

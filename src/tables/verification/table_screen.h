@@ -32,7 +32,7 @@ class CTableScreen {
 
     /// The first half of the work: what every position with Black to move is worth. False after a stop. report gets
     /// the share of this half that is done, 0 to 1, on the calling thread.
-    virtual bool Prepare(int threads, const std::atomic<bool>& stop,
+    virtual bool Prepare(int threads, const CRunControl& control,
                          const std::function<void(double)>& report) = 0;
     /// False where the orders of like men hold different values, as the board would look at one order only;
     /// after Prepare.

@@ -36,8 +36,9 @@ bool IsInSample(std::uint64_t index) {
 }
 
 std::string CountsText(const TVerifyCounts& counts) {
-    return "(" + std::to_string(counts.faults) + " fault(s) found, " +
-           std::to_string(counts.fixable) + " fixable, " + std::to_string(counts.fixed) + " fixed)";
+    return FilledText(VerifyCountsText,
+                      {std::to_string(counts.faults), std::to_string(counts.fixable),
+                       std::to_string(counts.fixed)});
 }
 
 /// The numbers before the first comma of each line.
@@ -60,7 +61,8 @@ std::set<std::uint64_t> IndicesOfLog(const std::filesystem::path& path) {
 }  // namespace
 
 std::string VerifyEndText(const TVerifyCounts& counts) {
-    return counts.bStopped ? "Cancelled" : "Complete " + CountsText(counts);
+    return counts.bStopped ? UserText(VerifyCancelledText)
+                           : UserText(VerifyCompleteText) + CountsText(counts);
 }
 
 std::string VerifyProgressText(const TVerifyCounts& counts) {
@@ -101,7 +103,7 @@ TVerifyCounts CTableVerifier::Verify(const std::string& type) {
         }
     };
     const bool bAll = bScreened && ForRanges(m_own.pIndex->GetIndexCount(), piece,
-                                             m_options.threads, *m_options.pStop, lookAt);
+                                             m_options.threads, *m_options.pControl, lookAt);
     m_pScreen.reset();
     m_dialog.Progress("");
     if (m_nFixed > 0) {
@@ -129,7 +131,7 @@ bool CTableVerifier::Screen(const std::string& type) {
         m_preparedShare = share;
         ShowProgressNowAndThen();
     };
-    if (m_pScreen && !m_pScreen->Prepare(m_options.threads, *m_options.pStop, report)) {
+    if (m_pScreen && !m_pScreen->Prepare(m_options.threads, *m_options.pControl, report)) {
         return false;
     }
     m_preparedShare = 1;
@@ -175,7 +177,7 @@ void CTableVerifier::FindLimit() {
         const unsigned value = m_own.pValues->ValueAt(index);
         longest = value != NotGenerated ? std::max(longest, value) : longest;
     }
-    m_dialog.Tell("Max. mate in the partially generated file is #" + std::to_string(longest));
+    m_dialog.Tell(FilledText(MaxMateOfPartialText, {std::to_string(longest)}));
     m_limitPlies = PliesOfMoves(longest);
 }
 
@@ -186,8 +188,7 @@ void CTableVerifier::ChooseLog(const std::string& type) {
     m_log = first;
     std::error_code none;
     if (!std::filesystem::exists(first) || std::filesystem::file_size(first, none) == 0 ||
-        !m_dialog.Ask("Unempty log file " + ToValidUtf8(first.string()) +
-                      " already exists\nApply second-pass fixes to data?")) {
+        !m_dialog.Ask(FilledText(AskSecondPassText, {ToValidUtf8(first.string())}))) {
         return;
     }
     if (std::filesystem::exists(second)) {
@@ -265,7 +266,7 @@ void CTableVerifier::Report(std::uint64_t index, const TChessboard& board, unsig
 /// Whoever wished to be asked is asked once.
 bool CTableVerifier::MayRepair(unsigned stored) {
     if (m_options.repair == TRepair::Ask && stored == 0) {
-        m_options.repair = m_dialog.Ask("Error encountered. Try fix?") ? TRepair::Yes : TRepair::No;
+        m_options.repair = m_dialog.Ask(UserText(AskTryFixText)) ? TRepair::Yes : TRepair::No;
     }
     return m_options.repair == TRepair::Yes;
 }
@@ -277,8 +278,7 @@ void CTableVerifier::SaveRepaired() {
     const CRandomAccessFile old(path);
     const auto flags = ReadTableFlags(old);
     if (!flags) {
-        m_dialog.Tell("Cannot open file " + ToValidUtf8(path.string()) +
-                      " for update.\nAny detected incoherencies will not be fixed.");
+        m_dialog.Tell(FilledText(CannotUpdateTableText, {ToValidUtf8(path.string())}));
         m_nFixed = 0;
         return;
     }

@@ -23,6 +23,7 @@
 
 #include "base/user_dialog.h"
 
+#include "tables/run_control.h"
 #include "tables/table_files.h"
 #include "tables/verification/expected_plies.h"
 #include "tables/verification/table_screen.h"
@@ -41,7 +42,7 @@ struct TVerifyOptions {
     int threads = 1;
     bool bBoardRules = false;  ///< Every position by the rules of the board, without the screen.
     std::filesystem::path logFolder;
-    const std::atomic<bool>* pStop = nullptr;  ///< Not null.
+    const CRunControl* pControl = nullptr;  ///< Not null.
 };
 
 struct TVerifyCounts {

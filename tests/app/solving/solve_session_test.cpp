@@ -275,7 +275,7 @@ TEST(SolveSession, AsksTheTablesOfItsFolder) {
     const CTableFolder folder({"R"});
     CProblemOfFen owner("8/8/8/8/8/4k3/5R2/K7", 16);
     TSolveSettings settings = TestSettings();
-    settings.tables = folder.Options();
+    settings.pTables = std::make_shared<TGlobalRegisterSet>(folder.Options());
     CWatchedSession session;
     session->Start(owner.Problem(), settings, AllKeys());
     const TSolveOutcome outcome = session.Outcome();
