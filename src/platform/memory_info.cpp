@@ -7,6 +7,7 @@
 
 #include "platform/memory_info.h"
 
+#include <sys/sysinfo.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -222,12 +223,19 @@ std::size_t CoreCount(const fs::path& root, const std::vector<int>& processors) 
     return cores.size();
 }
 
+/// Where /proc is not mounted, as in a bare chroot, the kernel can still be asked.
+std::uint64_t InstalledByKernel(const fs::path& root) {
+    struct sysinfo info {};
+    return root == "/" && ::sysinfo(&info) == 0 ? std::uint64_t{info.totalram} * info.mem_unit
+                                                : NoLimit;
+}
+
 }  // namespace
 
 std::uint64_t MemoryOfMachine(const fs::path& root) {
     const std::string total = ValueOfLine(root / "proc/meminfo", "MemTotal:");
     const std::optional<std::uint64_t> installed = NumberAt(total);
-    std::uint64_t limit = installed ? *installed * KiB : NoLimit;
+    std::uint64_t limit = installed ? *installed * KiB : InstalledByKernel(root);
     for (const fs::path& folder : GroupFolders(root, "")) {
         limit = std::min(
             {limit, MemoryLimitIn(folder / "memory.max"), MemoryLimitIn(folder / "memory.high")});

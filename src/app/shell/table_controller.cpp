@@ -55,8 +55,7 @@ CTableController::CTableController(CWorkbench& workbench, CSolveController& solv
     });
 }
 
-/// The run calls these on its own threads: each only leaves a message for the window's thread, who passes
-/// over those of an earlier run.
+/// The run calls these on its own threads: each only leaves a message for the window's thread.
 TTableRunEvents CTableController::Events() {
     const auto post = [this](auto call) {
         QMetaObject::invokeMethod(this, call, Qt::QueuedConnection);
@@ -72,20 +71,26 @@ TTableRunEvents CTableController::Events() {
 }
 
 void CTableController::AddCommands(CCommandDispatcher& dispatcher) {
-    dispatcher.Add(TCommand::GlobalRegisterStatus, [this] {
-        m_workbench.Dialog().Tell(RegisterStatusText(*m_workbench.Tables()));
-    });
-    dispatcher.Add(TCommand::InformationAboutPosition, [this] { ShowInformation(); });
-    dispatcher.Add(TCommand::NextPositionOfType, [this] { StepToNeighbour(1); });
-    dispatcher.Add(TCommand::PreviousPositionOfType, [this] { StepToNeighbour(-1); });
-    dispatcher.Add(TCommand::PastePositionByIndex, [this] { PasteIndex(); });
-    dispatcher.Add(TCommand::ShowMaxMate, [this] { StepToLongestMate(true); });
-    dispatcher.Add(TCommand::ShowPreviousMaxMate, [this] { StepToLongestMate(false); });
-    dispatcher.Add(TCommand::GenerateTable, [this] { Generate(); });
-    dispatcher.Add(TCommand::VerifyTable, [this] { Verify(false); });
-    dispatcher.Add(TCommand::VerifyPartialTable, [this] { Verify(true); });
-    dispatcher.Add(TCommand::VerifyAllTables, [this] { VerifyAll(false); });
-    dispatcher.Add(TCommand::ResumeVerification, [this] { VerifyAll(true); });
+    // The news of a run that has just ended may still be on its way, and its position is the one to go on from.
+    const auto add = [&](TCommand command, auto action) {
+        dispatcher.Add(command, [this, action] {
+            Ended();
+            action();
+        });
+    };
+    add(TCommand::GlobalRegisterStatus,
+        [this] { m_workbench.Dialog().Tell(RegisterStatusText(*m_workbench.Tables())); });
+    add(TCommand::InformationAboutPosition, [this] { ShowInformation(); });
+    add(TCommand::NextPositionOfType, [this] { StepToNeighbour(1); });
+    add(TCommand::PreviousPositionOfType, [this] { StepToNeighbour(-1); });
+    add(TCommand::PastePositionByIndex, [this] { PasteIndex(); });
+    add(TCommand::ShowMaxMate, [this] { StepToLongestMate(true); });
+    add(TCommand::ShowPreviousMaxMate, [this] { StepToLongestMate(false); });
+    add(TCommand::GenerateTable, [this] { Generate(); });
+    add(TCommand::VerifyTable, [this] { Verify(false); });
+    add(TCommand::VerifyPartialTable, [this] { Verify(true); });
+    add(TCommand::VerifyAllTables, [this] { VerifyAll(false); });
+    add(TCommand::ResumeVerification, [this] { VerifyAll(true); });
     dispatcher.AddToo(TCommand::StopSolving, [this] { m_run.Stop(); });
     dispatcher.AddToo(TCommand::PauseSolving, [this] { m_run.Pause(); });
     dispatcher.AddToo(TCommand::ResumeSolving, [this] { m_run.Resume(); });
@@ -106,7 +111,6 @@ TChessboard CTableController::BoardOnShow() const {
 // Runs.
 
 void CTableController::Start(CTableRun::TWork work) {
-    Ended();  // the news of a run that has just ended may still be on its way
     const TChessProblem* const pProblem = m_workbench.Document().Current();
     m_nProblem = pProblem != nullptr ? pProblem->m_id : -1;
     m_board = BoardOnShow();

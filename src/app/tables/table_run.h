@@ -25,7 +25,7 @@
 namespace tarnwick {
 
 /// Called on threads of the run, also those of a solve that loads a table; each must return soon and not wait
-/// for the window's thread. None is called once the run's end has begun.
+/// for the window's thread. None is called once the run is being destroyed.
 struct TTableRunEvents {
     std::function<void()> onQuestion;
     std::function<void(const std::string& text)> onTell;
@@ -102,7 +102,7 @@ class CTableRun final : public TUserDialog {
     mutable std::mutex m_lock;  ///< Guards all that follows.
     std::condition_variable m_answered;
     bool m_bRunning = false;
-    bool m_bSilent = false;  ///< The run's end has begun.
+    bool m_bSilent = false;  ///< The run is being destroyed.
     std::optional<TTableRunEnd> m_end;
     std::string m_progress;
     std::uint64_t m_nQuestions = 0;
