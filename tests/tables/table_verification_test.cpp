@@ -9,6 +9,8 @@
 #include <random>
 #include <sstream>
 
+#include "base/chess_exception.h"
+
 #include "chess/board_stack.h"
 #include "chess/chessboard.h"
 #include "chess/fen.h"
@@ -209,6 +211,48 @@ TEST(TableScreen, KeepsItsRowsAndComparesOrders) {
 
 std::filesystem::path FileOf(const CTableFolders& folders, const std::string& type) {
     return folders.MakeFileName(TableNameOf(type), TTableFileMode::Unpacked, false, false);
+}
+
+/// Tables that do not fit into memory are read row by row, with the same outcome; one that is cut meanwhile is
+/// no table without mates.
+TEST(TableScreen, ReadsRowsFromTheDisk) {
+    const CTempFolder folder;
+    const CTableFolders folders(folder.Path(), {});
+    MakeAll(folders, "P");
+    const CTypeGraph graph("P", [](const std::string&) { return nullptr; });
+    const auto tablesWith = [&](std::uint64_t budget) {
+        std::map<std::string, TFoundTable> tables;
+        for (const std::string type : {"P", "Q", "R"}) {
+            TFoundTable& table = tables[type];
+            table.pIndex = std::make_shared<const CTableIndex>(type);
+            const std::uint64_t most = type == "P" ? ~std::uint64_t{0} : budget;
+            table.pValues = OpenValues(folders, *table.pIndex, most, true).pValues;
+        }
+        return tables;
+    };
+    const auto inMemory = tablesWith(~std::uint64_t{0});
+    const auto onDisk = tablesWith(0);
+    ASSERT_TRUE(onDisk.at("Q").pValues->IsOnDisk());
+    const auto lookupIn = [](const std::map<std::string, TFoundTable>& tables) {
+        return [&](const std::string& type) {
+            return tables.contains(type) ? &tables.at(type) : nullptr;
+        };
+    };
+    CRowRules<std::uint8_t> memoryRules(graph.Root(), lookupIn(inMemory));
+    CRowRules<std::uint8_t> diskRules(graph.Root(), lookupIn(onDisk));
+    ASSERT_TRUE(diskRules.IsUsable());
+    for (CRowRules<std::uint8_t>* pRules : {&memoryRules, &diskRules}) {
+        ASSERT_TRUE(pRules->Prepare(2, NeverStopped, [](double) {}));
+    }
+    for (std::uint8_t pawn = 8; pawn < 56; ++pawn) {
+        CRowRules<std::uint8_t>::TRow rows[2];
+        memoryRules.Expected({pawn}, rows[0]);
+        diskRules.Expected({pawn}, rows[1]);
+        EXPECT_TRUE(std::ranges::equal(rows[0], rows[1])) << int{pawn};
+    }
+    std::filesystem::resize_file(FileOf(folders, "Q"), 100);
+    CRowRules<std::uint8_t>::TRow row;
+    EXPECT_THROW(diskRules.Expected({52}, row), ChessException);
 }
 
 /// The lines of a log, in the order of the indices whatever threads wrote them.

@@ -1,10 +1,16 @@
 #include "tables/verification/row_rules.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 #include <thread>
+
+#include "base/chess_exception.h"
+#include "base/filled_text.h"
 
 #include "chess/lines.h"
 #include "tables/generation/parallel_ranges.h"
+#include "tables/tables_texts.h"
 
 namespace tarnwick {
 namespace {
@@ -105,6 +111,27 @@ TFieldSet PawnsBesideField(const CTableIndex& index, const TLetterFields& fields
         pawns |= index.ManOf(i) == code ? FieldBit(fields[i]) & beside : 0;
     }
     return pawns;
+}
+
+/// Calls visit(node) for each type that a capture or a promotion of one side leads to.
+template <typename TVisit>
+void ForEachTypeAfter(const CTypeNode& node, bool bByWhite, const TVisit& visit) {
+    const auto isWhite = [&](int letter) {
+        return IsWhite(node.Index().ManOf(static_cast<std::size_t>(letter)));
+    };
+    const auto letters = static_cast<int>(node.Letters());
+    for (int captured = NoMan; captured < letters; ++captured) {
+        for (int pawn = NoMan; pawn < letters; ++pawn) {
+            const bool bOther = (captured != NoMan && isWhite(captured) == bByWhite) ||
+                                (pawn != NoMan && isWhite(pawn) != bByWhite);
+            for (std::size_t figure = 0; !bOther && figure < (pawn == NoMan ? 1 : 4); ++figure) {
+                const CTypeNode* pNode = node.After(captured, pawn, figure).pNode;
+                if (pNode != nullptr) {
+                    visit(*pNode);
+                }
+            }
+        }
+    }
 }
 
 /// Of a type without a table: the fields of the black king for which its verdict may be a mate.
@@ -208,7 +235,8 @@ typename CRowRules<Element>::TTypeRows& CRowRules<Element>::Add(const CTypeNode&
     const CTableIndex& index = node.Index();
     if (const TFoundTable* pFound = lookup(index.Type())) {
         pType->pElements = pFound->pValues->Elements();
-        m_bUsable = m_bUsable && pType->pElements != nullptr;
+        pType->pOnDisk = pFound->pValues->IsOnDisk() ? pFound->pValues.get() : nullptr;
+        m_bUsable = m_bUsable && (pType->pElements != nullptr || pType->pOnDisk != nullptr);
         const bool bTwoBytes = index.Letters() >= 4 && pType->pElements != nullptr &&
                                (pType->pElements[0] & TwoByteElementsFlag) != 0;
         pType->elementSize = bTwoBytes ? 2 : 1;
@@ -218,23 +246,34 @@ typename CRowRules<Element>::TTypeRows& CRowRules<Element>::Add(const CTypeNode&
     return *(m_types[&node] = std::move(pType));
 }
 
-/// A move of White and a reply lead two types on, and each capture en passant that answers a reply one more.
+/// Black replies in the table's own type, in those that White's moves lead to, and in those that White's
+/// captures en passant in any of these lead to; and his replies lead on by one move.
 template <typename Element>
 void CRowRules<Element>::AddAllReached(const TTypeLookup& lookup) {
-    const std::string& type = m_pRoot->node.Index().Type();
-    const auto moves = 2 + std::min(std::ranges::count(type, 'P'), std::ranges::count(type, 'p'));
-    std::vector<const CTypeNode*> last = {&m_pRoot->node};
-    for (auto move = moves; move > 0; --move) {
-        std::vector<const CTypeNode*> next;
-        for (const CTypeNode* pNode : last) {
-            pNode->ForEachLink([&](const TTypeLink& link) {
-                if (link.pNode != nullptr && !m_types.contains(link.pNode)) {
-                    Add(*link.pNode, lookup);
-                    next.push_back(link.pNode);
-                }
-            });
+    const auto addNew = [&](const CTypeNode& node) {
+        if (!m_types.contains(&node)) {
+            Add(node, lookup);
         }
-        last = std::move(next);
+    };
+    std::vector<const CTypeNode*> replying = {&m_pRoot->node};
+    const auto addReplying = [&](const CTypeNode& node) {
+        if (std::ranges::count(replying, &node) == 0) {
+            replying.push_back(&node);
+        }
+        addNew(node);
+    };
+    ForEachTypeAfter(m_pRoot->node, true, addReplying);
+    for (std::size_t i = 0; i < replying.size(); ++i) {
+        const CTypeNode& node = *replying[i];
+        for (std::size_t letter = 0; letter < node.Letters(); ++letter) {
+            const CTypeNode* pNode = node.After(static_cast<int>(letter), NoMan, 0).pNode;
+            if (node.Index().ManOf(letter) == BlackPawn && pNode != nullptr) {
+                addReplying(*pNode);
+            }
+        }
+    }
+    for (const CTypeNode* pNode : replying) {
+        ForEachTypeAfter(*pNode, false, addNew);
     }
 }
 
@@ -312,7 +351,16 @@ template <typename Element>
 void CRowRules<Element>::WorthAt(const TTypeRows& type, std::uint64_t begin,
                                  const TLetterFields& fields, Element* pRow) const {
     const CRowLayout& layout = type.layout;
-    if (type.pElements == nullptr) {
+    if (type.pOnDisk != nullptr) {
+        std::array<std::uint16_t, MaxRowCells> values;
+        type.pOnDisk->ReadValues(begin, std::span(values).first(layout.Cells()));
+        // Cells that are no positions have values too; only what cannot be read has none.
+        if (std::find(values.begin(), values.begin() + layout.Cells(), NotGenerated) !=
+            values.begin() + layout.Cells()) {
+            throw ChessException(FilledText(MissingTableText, {layout.Index().Type()}));
+        }
+        CopyWorth<Element, std::uint16_t>(values.data(), 0, layout.Cells(), pRow);
+    } else if (type.pElements == nullptr) {
         std::fill_n(pRow, layout.Cells(), NoMate);
         for (TFieldSet kings = type.verdictKings; kings != 0;) {
             std::fill_n(pRow + layout.Cell(PopLowest(kings), 0), layout.WhiteKings(), Unsure);

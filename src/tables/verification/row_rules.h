@@ -64,7 +64,7 @@ class CRowRules {
     /// std::bad_alloc where there is no memory for the Replies of the whole table.
     CRowRules(const CTypeNode& root, const TTypeLookup& lookup);
 
-    /// All tables lie in memory, without which there is no reading them in rows.
+    /// All tables can be read in rows: they lie in memory or, unpacked, on the disk.
     bool IsUsable() const { return m_bUsable; }
     const CRowLayout& Layout() const { return m_pRoot->layout; }
     /// Computes and keeps the Replies of the table, and first those of the types that White's captures
@@ -88,7 +88,9 @@ class CRowRules {
 
         const CTypeNode& node;
         CRowLayout layout;
-        const std::uint8_t* pElements = nullptr;  ///< Null: no table.
+        const std::uint8_t* pElements = nullptr;  ///< Null: no table, or one on the disk.
+        const CTableStore* pOnDisk =
+            nullptr;  ///< Complete; its rows are read when they are wanted.
         int elementSize = 1;
         TFieldSet verdictKings = 0;  ///< Without a table: black kings for which the board is asked.
         CPageMemory replies;         ///< Kept Replies by index, or none.

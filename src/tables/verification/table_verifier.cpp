@@ -29,6 +29,9 @@ namespace {
 /// Plies left on a verified board: enough for two moves of each side, and White is to move.
 constexpr std::uint16_t PliesOnBoard = 13;
 constexpr std::uint64_t Piece = 1 << 14;
+/// Bytes for tables of other types: all of three and four men, and twice the table itself if that is more. A type of two
+/// pawns leads to dozens of five men, of which only the rows behind promotions are wanted.
+constexpr std::uint64_t LeastBudget = 256U << 20;
 
 /// One index in 64 by the top bits of a product that spreads neighbours (Fibonacci hashing, Knuth 3, 6.4).
 bool IsInSample(std::uint64_t index) {
@@ -83,12 +86,13 @@ CTableVerifier::CTableVerifier(const CTableFolders& folders, TUserDialog& dialog
     : m_folders(folders), m_dialog(dialog), m_options(std::move(options)) {}
 
 TVerifyCounts CTableVerifier::Verify(const std::string& type) {
-    m_own = Open(type, !m_options.bPartial);
+    m_own = Open(type, ~std::uint64_t{0}, !m_options.bPartial);
     if (!m_own.pValues) {
         throw ChessException(FilledText(MissingTableText, {type}));
     }
     m_tables.clear();
     m_tables[PositionTypeId(type)] = m_own;
+    m_budget = std::max(2 * m_own.pIndex->GetIndexCount(), LeastBudget);
     FindLimit();
     ChooseLog(type);
     const auto caller = std::this_thread::get_id();
@@ -141,10 +145,14 @@ bool CTableVerifier::Screen(const std::string& type) {
     return true;
 }
 
-TFoundTable CTableVerifier::Open(const std::string& type, bool bCompleteOnly) {
+/// What needs more than the budget stays on the disk.
+TFoundTable CTableVerifier::Open(const std::string& type, std::uint64_t budget,
+                                 bool bCompleteOnly) {
     TFoundTable found;
     found.pIndex = std::make_shared<const CTableIndex>(type);
-    found.pValues = OpenValues(m_folders, *found.pIndex, ~std::uint64_t{0}, bCompleteOnly).pValues;
+    TOpenedValues opened = OpenValues(m_folders, *found.pIndex, budget, bCompleteOnly);
+    m_budget -= std::min(m_budget, opened.bytesInMemory);
+    found.pValues = std::move(opened.pValues);
     return found;
 }
 
@@ -162,7 +170,7 @@ const TFoundTable* CTableVerifier::TableOfKey(std::uint64_t key, const TName& ty
     const std::scoped_lock guard(m_tablesLock);
     auto found = m_tables.find(key);
     if (found == m_tables.end()) {
-        found = m_tables.emplace(key, Open(typeName(), true)).first;
+        found = m_tables.emplace(key, Open(typeName(), m_budget, true)).first;
     }
     return found->second.pValues ? &found->second : nullptr;
 }

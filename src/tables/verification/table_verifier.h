@@ -85,7 +85,7 @@ class CTableVerifier {
     const TFoundTable* TableOf(const TChessboard& board);
     template <typename TName>
     const TFoundTable* TableOfKey(std::uint64_t key, const TName& typeName);
-    TFoundTable Open(const std::string& type, bool bCompleteOnly);
+    TFoundTable Open(const std::string& type, std::uint64_t budget, bool bCompleteOnly);
     void FindLimit();
     void ChooseLog(const std::string& type);
     void SaveRepaired();
@@ -99,6 +99,7 @@ class CTableVerifier {
 
     TFoundTable m_own;
     std::map<std::uint64_t, TFoundTable> m_tables;  ///< By key; without values: there is none.
+    std::uint64_t m_budget = 0;                     ///< Bytes left for tables of other types.
     std::mutex m_tablesLock;
     std::unique_ptr<CTypeGraph> m_pGraph;
     std::unique_ptr<CTableScreen> m_pScreen;             ///< Null: everything goes to the board.
